@@ -1,0 +1,62 @@
+#pragma once
+
+#include "foundation/Uuid.h"
+#include "library/model/Prompt.h"
+#include "library/model/PromptVersion.h"
+#include "library/model/Tag.h"
+
+#include <QList>
+#include <QObject>
+#include <QSet>
+
+#include <memory>
+
+namespace Quillstacks {
+
+/// What happened since the context last told.
+struct ChangeSet {
+    QSet<const Record*> inserted;
+    QSet<const Record*> updated;
+    QSet<const Record*> deleted;
+    [[nodiscard]] bool isEmpty() const { return inserted.isEmpty() && updated.isEmpty() && deleted.isEmpty(); }
+};
+
+/// Owns the records of one store. Reads see what is not saved yet. Main thread only. Get it from a ModelContainer.
+class ModelContext final : public QObject {
+    Q_OBJECT
+public:
+    ~ModelContext() override;
+
+    /// Takes the record over and returns it. Loose versions of a prompt come with it; its tags must be inserted.
+    Prompt* insert(std::unique_ptr<Prompt> prompt);
+    Tag* insert(std::unique_ptr<Tag> tag);
+    PromptVersion* insert(std::unique_ptr<PromptVersion> version);
+
+    /// Deletes at once in memory, and in the store with the next save. A prompt takes its versions with it and leaves
+    /// its tags; a tag leaves its prompts; a version leaves its prompt's list. Deleting twice does nothing.
+    void remove(Prompt* prompt);
+    void remove(Tag* tag);
+    void remove(PromptVersion* version);
+
+    /// Writes all changes in one transaction; its cost depends on what changed only. Throws StoreError; the changes stay
+    /// then, to be written by the next save.
+    void save();
+    [[nodiscard]] bool hasChanges() const;
+    /// Tells the live queries now what they would be told on the next turn of the loop.
+    void processPendingChanges();
+
+    /// All records that are not deleted, unsaved ones included, in the order of insertion.
+    [[nodiscard]] QList<Prompt*> prompts() const;
+    [[nodiscard]] QList<Tag*> tags() const;
+    /// Hashed lookups; nullptr or an empty list when there is none.
+    [[nodiscard]] Prompt* promptWithId(const Uuid& id) const;
+    [[nodiscard]] Tag* tagWithId(const Uuid& id) const;
+    [[nodiscard]] QList<Prompt*> promptsWithTitle(const QString& title) const;
+    [[nodiscard]] QList<Tag*> tagsWithName(const QString& name) const;
+
+Q_SIGNALS:
+    /// Once for all changes of a turn. Use LiveQuery rather than this.
+    void changed(const Quillstacks::ChangeSet& changes);
+};
+
+} // namespace Quillstacks

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "foundation/Date.h"
+#include "foundation/Uuid.h"
+
+#include <QtGlobal>
+
+namespace Quillstacks {
+
+class ModelContext;
+
+/// What the three kinds of record share. A record lives in a std::unique_ptr until it is inserted into a context, which
+/// owns it from then on; everybody else holds plain pointers, valid for the context's life. Equality is identity.
+class Record {
+public:
+    Q_DISABLE_COPY_MOVE(Record)
+    virtual ~Record();
+
+    [[nodiscard]] const Uuid& id() const { return identifier; }
+    [[nodiscard]] Date createdAt() const { return created; }
+    /// The context that owns the record; nullptr before insertion.
+    [[nodiscard]] ModelContext* modelContext() const { return context; }
+    /// True from the moment of deletion on. Texts are empty and lists are empty then.
+    [[nodiscard]] bool isDeleted() const { return deleted; }
+
+protected:
+    Record();
+    /// Marks the record to be written by the next save and tells the context, if there is one.
+    void touch();
+
+    Uuid identifier;
+    Date created{};
+
+private:
+    friend class ModelContext;
+    friend class RecordAccess;
+    ModelContext* context = nullptr;
+    qint64 rowId = 0; ///< in the store; 0 while it was never saved
+    bool dirty = false;
+    bool deleted = false;
+};
+
+} // namespace Quillstacks
