@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <functional>
+
+/// System-wide hot keys, one event handler and one key at a time per reference. Keys are virtual key codes (positions on
+/// an ANSI keyboard), modifiers the four bits below.
+namespace Quillstacks::HotKeys {
+
+using Status = qint32;
+inline constexpr Status noErr = 0;
+inline constexpr Status eventNotHandledErr = -9874;
+inline constexpr Status eventHotKeyExistsErr = -9878;  ///< another program holds the combination
+inline constexpr Status eventHotKeyInvalidErr = -9879; ///< no such key here, or no service that could grab it
+
+inline constexpr quint32 commandBit = 0x100;
+inline constexpr quint32 shiftBit = 0x200;
+inline constexpr quint32 optionBit = 0x800;
+inline constexpr quint32 controlBit = 0x1000;
+
+struct EventHotKeyID {
+    quint32 signature = 0;
+    quint32 id = 0;
+    friend bool operator==(const EventHotKeyID&, const EventHotKeyID&) = default;
+};
+
+/// A press, as the handler gets it.
+struct Event {
+    Status parameterStatus = noErr; ///< what reading the identifier gives
+    EventHotKeyID hotKeyID;
+    quint32 time = 0; ///< of the key press, in milliseconds of the window system; 0 when there is none
+};
+
+using Handler = std::function<Status(const Event&)>;
+using HandlerRef = quint64; ///< 0: none
+using HotKeyRef = quint64;  ///< 0: none
+
+[[nodiscard]] HandlerRef installEventHandler(Handler handler);
+void removeEventHandler(HandlerRef handler);
+/// Grabs the combination, whatever the state of the lock keys. On success `*out` is set. Survives changes of the layout
+/// and of the modifier map. One press fires once until the key is released.
+[[nodiscard]] Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out);
+void unregisterEventHotKey(HotKeyRef hotKey);
+
+/// The time stamp of the last press that was delivered; 0 before the first. Windows that a press opens ask for the
+/// focus with it.
+[[nodiscard]] quint32 lastEventTime();
+
+} // namespace Quillstacks::HotKeys
