@@ -20,7 +20,7 @@ struct LogRecord {
 /// A subject of the log. Use the six shared ones in Log.
 class Logger final {
 public:
-    explicit constexpr Logger(const char* category) : category(category) {}
+    explicit constexpr Logger(const char* name) : category(name) {}
 
     void debug(const QString& message) const;
     void info(const QString& message) const;

@@ -7,6 +7,7 @@
 namespace Quillstacks {
 
 /// While one is alive, Clock stands still and moves only by advance(). At most one at a time; main thread only.
+/// What still waits in MainQueue when it ends is dropped: its delay was counted on a time that is gone.
 /// Made for tests and for anything else that replays time.
 class ManualClock final {
 public:

@@ -47,7 +47,7 @@ public:
     /// While one is alive, writes are held back and made once at its end; reads and observers see changes at once.
     class Batch final {
     public:
-        explicit Batch(Preferences& preferences);
+        explicit Batch(Preferences& target);
         ~Batch();
         Q_DISABLE_COPY_MOVE(Batch)
     private:
@@ -62,10 +62,12 @@ private:
     void load();
     void change(const QString& key, const QJsonValue& value);
     void write();
+    void synchronizeUnlessBatched();
 
     QString path;
     QJsonObject values;
-    bool dirty = false;
+    bool dirty = false;    ///< holds what is not on disk yet
+    bool unusable = false; ///< an unreadable file stands in the way and could not be set aside yet
     int batches = 0;
 };
 

@@ -17,7 +17,7 @@ struct RawValue;
 template <typename T>
 class StoredPreference final {
 public:
-    StoredPreference(QString key, T defaultValue) : key(std::move(key)), defaultValue(std::move(defaultValue)) {}
+    StoredPreference(QString name, T fallback) : key(std::move(name)), defaultValue(std::move(fallback)) {}
 
     [[nodiscard]] T value() const {
         if constexpr (std::is_enum_v<T>) {

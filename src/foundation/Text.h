@@ -8,7 +8,8 @@ namespace Quillstacks {
 /// Operations on text by the rules of Unicode, over ICU. Positions and lengths count UTF-16 units.
 namespace Text {
 
-/// Without white space and line ends at both ends: Unicode general category Zs, U+0009 to U+000D, U+0085, U+2028, U+2029.
+/// Without white space and line ends at both ends: Unicode general category Zs, U+0009 to U+000D, U+0085, U+2028,
+/// U+2029.
 [[nodiscard]] QStringView trimmed(QStringView text);
 /// True when trimmed() would leave nothing.
 [[nodiscard]] bool isBlank(QStringView text);
