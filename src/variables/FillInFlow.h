@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace Quillstacks {
+
+/// Shows the fill-in sheet over the host's window, each field holding the value last used for its variable. Exactly one
+/// of the two is called: `onComplete` with the filled text, once the values are remembered, or `onCancel`. The sheet
+/// goes right after that, and takes back neither when the host is destroyed first.
+void presentFillIn(QWidget* host, const QString& promptTitle, const QString& promptBody,
+                   std::function<void(const QString& filled)> onComplete, std::function<void()> onCancel);
+
+} // namespace Quillstacks
