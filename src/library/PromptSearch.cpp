@@ -1,0 +1,48 @@
+#include "library/PromptSearch.h"
+
+#include "foundation/LowercaseSearch.h"
+#include "foundation/Text.h"
+#include "library/model/Prompt.h"
+#include "library/model/Tag.h"
+
+#include <algorithm>
+
+namespace Quillstacks {
+namespace {
+
+bool matches(const LowercaseSearch& search, const Prompt& prompt) {
+    return search.isIn(prompt.title()) || search.isIn(prompt.body()) ||
+           std::any_of(prompt.tags().begin(), prompt.tags().end(),
+                       [&](const Tag* tag) { return search.isIn(tag->name()); });
+}
+
+template <typename Iterator, typename Before>
+void sortUnlessSorted(Iterator begin, Iterator end, Before before) {
+    if (!std::is_sorted(begin, end, before))
+        std::stable_sort(begin, end, before);
+}
+
+} // namespace
+
+QList<Prompt*> promptsMatching(const QList<Prompt*>& prompts, const QString& searchText) {
+    const QStringView term = Text::trimmed(searchText);
+    if (term.isEmpty())
+        return prompts;
+    const LowercaseSearch search(term);
+    QList<Prompt*> found;
+    std::copy_if(prompts.begin(), prompts.end(), std::back_inserter(found),
+                 [&](const Prompt* prompt) { return matches(search, *prompt); });
+    return found;
+}
+
+void sortPinnedFirst(QList<Prompt*>& prompts) {
+    const auto begin = prompts.begin();
+    const auto end = prompts.end();
+    const auto unpinned = std::stable_partition(begin, end, [](const Prompt* prompt) { return prompt->isPinned(); });
+    sortUnlessSorted(begin, unpinned, [](const Prompt* a, const Prompt* b) {
+        return a->pinnedAt().value_or(distantPast) > b->pinnedAt().value_or(distantPast);
+    });
+    sortUnlessSorted(unpinned, end, [](const Prompt* a, const Prompt* b) { return a->updatedAt() > b->updatedAt(); });
+}
+
+} // namespace Quillstacks
