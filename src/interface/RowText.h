@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QRectF>
+#include <QString>
+
+#include <array>
+
+class QPainter;
+
+namespace Quillstacks {
+
+/// The one or two lines of a long text that a row shows. Neither question looks at more than the text's beginning, so
+/// a text of any size costs the same.
+class RowText final {
+public:
+    explicit RowText(const QFont& font);
+
+    /// How many lines the text takes at a width, at most `maximum`; found by adding up advances, without a layout. A
+    /// text with a line end takes at least two.
+    [[nodiscard]] int lineCount(const QString& text, qreal width, int maximum = 2) const;
+    /// Draws the text from the top of `box`, within `lines` lines of `lineHeight`; what is left over is an ellipsis at
+    /// the end of the last one. One line holds up to the first line end.
+    void draw(QPainter& painter, const QRectF& box, const QString& text, const QColor& color, int lines,
+              int lineHeight) const;
+    [[nodiscard]] const QFont& font() const { return textFont; }
+
+private:
+    [[nodiscard]] qreal advance(const QString& text, qsizetype at, qsizetype length) const;
+
+    QFont textFont;
+    std::array<float, 128> ascii{};
+};
+
+} // namespace Quillstacks

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "interface/Transition.h"
+
+#include <QAbstractButton>
+
+namespace Quillstacks {
+
+/// On or off (QAbstractButton::toggled). 38 x 22.
+class Switch final : public QAbstractButton {
+    Q_OBJECT
+public:
+    explicit Switch(const QString& accessibleName, QWidget* parent = nullptr);
+    [[nodiscard]] QSize sizeHint() const override { return {38, 22}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    Transition on;
+    Transition press;
+};
+
+} // namespace Quillstacks
