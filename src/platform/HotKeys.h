@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// System-wide hot keys, one event handler and one key at a time per reference. Keys are virtual key codes (positions on
-/// an ANSI keyboard), modifiers the four bits below.
+/// System-wide hot keys, one event handler and one key at a time per reference. Keys are virtual key codes (positions
+/// on an ANSI keyboard), modifiers the four bits below.
 namespace Quillstacks::HotKeys {
 
 using Status = qint32;

@@ -1,0 +1,118 @@
+#include "DesktopSettingsSource.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <array>
+
+namespace Quillstacks {
+
+namespace {
+
+constexpr uint preferDark = 1;
+constexpr uint preferLight = 2;
+constexpr int middleLightness = 128;
+
+const QString portal = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString appearance = QStringLiteral("org.freedesktop.appearance");
+const QString gnomeInterface = QStringLiteral("org.gnome.desktop.interface");
+const QString colorSchemeKey = QStringLiteral("color-scheme");
+const QString accentColorKey = QStringLiteral("accent-color");
+const QString animationsKey = QStringLiteral("enable-animations");
+const QString readOne = QStringLiteral("ReadOne");
+const QString readOld = QStringLiteral("Read");
+
+/// The older call wraps its answer in one variant more.
+QVariant unwrapped(QVariant value) {
+    while (value.canConvert<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value;
+}
+
+/// Three numbers from 0 to 1; the portal's way to say "none" is a number out of that range.
+std::optional<QColor> colorFrom(const QVariant& value) {
+    if (!value.canConvert<QDBusArgument>())
+        return std::nullopt;
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != QLatin1String("(ddd)"))
+        return std::nullopt;
+    std::array<double, 3> parts{};
+    argument.beginStructure();
+    for (double& part : parts)
+        argument >> part;
+    argument.endStructure();
+    if (!std::ranges::all_of(parts, [](double part) { return part >= 0 && part <= 1; }))
+        return std::nullopt;
+    return QColor::fromRgbF(static_cast<float>(parts[0]), static_cast<float>(parts[1]), static_cast<float>(parts[2]));
+}
+
+} // namespace
+
+DesktopSettingsSource::DesktopSettingsSource(DesktopSettings* target) : QObject(target), settings(target) {
+    // Looked at once, before the program puts its own palette in the place of the desktop's.
+    const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < middleLightness;
+    schemeOfPalette = dark ? ColorScheme::dark : ColorScheme::light;
+    settings->scheme = schemeOfPalette;
+
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    bus.connect(portal, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    ask(appearance, colorSchemeKey, readOne);
+    ask(appearance, accentColorKey, readOne);
+    ask(gnomeInterface, animationsKey, readOne);
+}
+
+void DesktopSettingsSource::ask(const QString& nameSpace, const QString& key, const QString& method) {
+    auto message = QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, method);
+    message << nameSpace << key;
+    auto* call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this,
+            [=, this](QDBusPendingCallWatcher* done) { answered(done, nameSpace, key, method); });
+}
+
+void DesktopSettingsSource::answered(QDBusPendingCallWatcher* call, const QString& nameSpace, const QString& key,
+                                     const QString& method) {
+    call->deleteLater();
+    const QDBusMessage reply = call->reply();
+    if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty())
+        apply(nameSpace, key, unwrapped(reply.arguments().constFirst()));
+    else if (method == readOne && reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod"))
+        ask(nameSpace, key, readOld);
+}
+
+void DesktopSettingsSource::settingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value) {
+    apply(nameSpace, key, unwrapped(value.variant()));
+}
+
+void DesktopSettingsSource::apply(const QString& nameSpace, const QString& key, const QVariant& value) {
+    ColorScheme scheme = settings->scheme;
+    std::optional<QColor> accent = settings->accent;
+    bool lessMotion = settings->lessMotion;
+    if (nameSpace == appearance && key == colorSchemeKey) {
+        const uint preference = value.toUInt();
+        scheme = preference == preferDark    ? ColorScheme::dark
+                 : preference == preferLight ? ColorScheme::light
+                                             : schemeOfPalette;
+    } else if (nameSpace == appearance && key == accentColorKey) {
+        accent = colorFrom(value);
+    } else if (nameSpace == gnomeInterface && key == animationsKey) {
+        lessMotion = !value.toBool();
+    }
+    if (scheme == settings->scheme && accent == settings->accent && lessMotion == settings->lessMotion)
+        return;
+    settings->scheme = scheme;
+    settings->accent = accent;
+    settings->lessMotion = lessMotion;
+    Q_EMIT settings->changed();
+}
+
+} // namespace Quillstacks

@@ -1,0 +1,121 @@
+#include "platform/Windows.h"
+
+#include "x11/Connection.h"
+#include "x11/PanelHints.h"
+#include "x11/SelectionWatch.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QPainterPath>
+#include <QPointer>
+#include <QRegion>
+#include <QScreen>
+#include <QWidget>
+#include <QWindow>
+
+#include <utility>
+
+namespace Quillstacks::Windows {
+
+namespace {
+
+/// Who asks for a window's activation: 2 stands for a pager or another direct wish of the user. Window managers that
+/// guard the focus refuse it to ordinary programs (1).
+constexpr uint32_t sourceUser = 2;
+constexpr uint32_t stateRemove = 0;
+constexpr uint32_t stateAdd = 1;
+
+X11::SelectionWatch* compositorWatch() {
+    static QPointer<X11::SelectionWatch> watch;
+    if (!watch && X11::connection())
+        watch = new X11::SelectionWatch("_NET_WM_CM_S0", QCoreApplication::instance());
+    return watch;
+}
+
+void setUserTime(xcb_window_t window, quint32 time) {
+    if (time != 0)
+        X11::setCardinals(window, "_NET_WM_USER_TIME", &time, 1);
+}
+
+void sendActivate(xcb_window_t window, quint32 time) {
+    xcb_client_message_data_t data{};
+    data.data32[0] = sourceUser;
+    data.data32[1] = time;
+    X11::sendToWindowManager(window, "_NET_ACTIVE_WINDOW", data);
+}
+
+} // namespace
+
+void preparePanel(QWidget* panel) {
+    if (X11::connection())
+        new X11::PanelHints(panel);
+}
+
+void showAndActivate(QWidget* window, quint32 eventTime) {
+    const bool x11 = X11::connection() != nullptr;
+    if (x11)
+        setUserTime(X11::nativeWindow(window), eventTime);
+    window->show();
+    window->raise();
+    window->activateWindow();
+    if (x11)
+        sendActivate(X11::nativeWindow(window), eventTime);
+}
+
+void activateIgnoringOtherApps(QWidget* window) {
+    window->raise();
+    window->activateWindow();
+    if (X11::connection() && window->isVisible())
+        sendActivate(X11::nativeWindow(window), XCB_CURRENT_TIME);
+}
+
+void setSkipTaskbar(QWidget* window, bool skip) {
+    if (!X11::connection())
+        return;
+    xcb_client_message_data_t data{};
+    data.data32[0] = skip ? stateAdd : stateRemove;
+    data.data32[1] = X11::atom("_NET_WM_STATE_SKIP_TASKBAR");
+    data.data32[2] = X11::atom("_NET_WM_STATE_SKIP_PAGER");
+    data.data32[3] = sourceUser;
+    X11::sendToWindowManager(X11::nativeWindow(window), "_NET_WM_STATE", data);
+}
+
+bool isComposited() {
+    if (auto* watch = compositorWatch())
+        return watch->isOwned();
+    // Wayland always composites; a surface that is never shown may as well be translucent.
+    return true;
+}
+
+void observeComposited(QObject* context, std::function<void()> changed) {
+    if (auto* watch = compositorWatch())
+        QObject::connect(watch, &X11::SelectionWatch::changed, context, std::move(changed));
+}
+
+void setBlurBehind(QWidget* window, const QRect& area, int radius) {
+    if (!X11::connection())
+        return;
+    QPainterPath path;
+    path.addRoundedRect(area, radius, radius);
+    const qreal ratio = window->devicePixelRatioF();
+    const QRegion region(path.toFillPolygon(QTransform::fromScale(ratio, ratio)).toPolygon());
+    std::vector<uint32_t> values;
+    for (const QRect& part : region)
+        for (const int value : {part.x(), part.y(), part.width(), part.height()})
+            values.push_back(static_cast<uint32_t>(value));
+    X11::setCardinals(X11::nativeWindow(window), "_KDE_NET_WM_BLUR_BEHIND_REGION", values.data(),
+                      static_cast<uint32_t>(values.size()));
+}
+
+QPoint mouseLocation() {
+    return QCursor::pos();
+}
+
+QScreen* screenAt(const QPoint& point) {
+    const auto screens = QGuiApplication::screens();
+    const auto found =
+        std::ranges::find_if(screens, [&point](const QScreen* screen) { return screen->geometry().contains(point); });
+    return found == screens.end() ? nullptr : *found;
+}
+
+} // namespace Quillstacks::Windows

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "platform/DesktopSettings.h"
+#include "platform/HotKeys.h"
+
+#include <QIcon>
+#include <QPoint>
+#include <QPointer>
+#include <QRect>
+#include <QStringList>
+#include <QWidget>
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+class QMenu;
+class QScreen;
+
+namespace Quillstacks {
+
+class SingleInstance;
+class StatusItem;
+
+/// The desktop that tests link in place of the real one: it answers as it is told and keeps what was asked of it.
+/// There is one; fresh() puts everything back, and belongs at the start of each test (or fixture).
+struct FakeDesktop final {
+    static FakeDesktop& shared();
+    static FakeDesktop& fresh();
+
+    /// Every call in order, in a line each: "registerEventHotKey 49 0x300", "clipboard clear", "showAndActivate main".
+    QStringList calls;
+    /// The calls that begin with this.
+    [[nodiscard]] QStringList callsOf(const QString& beginning) const;
+
+    // Clipboard
+    QString clipboardText;
+
+    // Accessibility
+    bool trusted = true;
+    int trustPrompts = 0; ///< how often the user was asked
+
+    // HotKeys
+    struct HotKey {
+        quint32 keyCode = 0;
+        quint32 modifiers = 0;
+        HotKeys::EventHotKeyID id;
+    };
+    HotKeys::Status registerStatus = HotKeys::noErr;
+    std::map<HotKeys::HotKeyRef, HotKey> hotKeys; ///< those that are registered now
+    std::map<HotKeys::HandlerRef, HotKeys::Handler> handlers;
+    quint32 eventTime = 0; ///< what lastEventTime() gives
+    /// A press of the registered hot key (of any: the handlers alone decide), as the window system delivers it.
+    /// Returns what the handler gave, or eventNotHandledErr when none is installed.
+    HotKeys::Status press(HotKeys::Status parameterStatus = HotKeys::noErr, quint32 time = 1000);
+    /// The same with an identifier of one's own.
+    HotKeys::Status press(const HotKeys::Event& event);
+
+    // Windows
+    QPointer<QWidget> lastActivated;
+    std::vector<QPointer<QWidget>> panels;            ///< prepared ones
+    std::map<const QWidget*, bool> skipsTaskbar;      ///< what was last said of each window
+    std::map<const QWidget*, QRect> blurred;          ///< the area behind each window
+    QPoint mouse;                                     ///< in global coordinates
+    std::function<QScreen*(const QPoint&)> screenFor; ///< empty: the toolkit's own screens are searched
+    void setComposited(bool composited);              ///< tells those who observe it
+
+    // DesktopSettings; each tells of the change
+    void setColorScheme(ColorScheme scheme);
+    void setAccentColor(std::optional<QColor> color);
+    void setReducedMotion(bool reduced);
+
+    // Files
+    /// What applicationSupportDirectories() gives; unset: the private data folder of the test program.
+    std::optional<QStringList> applicationSupportDirectories;
+    QStringList openedFolders;
+
+    // StatusItem: whether a tray host is there. Items look for it on the next turn of the main loop, and follow.
+    void setTrayAvailable(bool available);
+    std::vector<StatusItem*> statusItems; ///< alive
+    /// What a status item was made with.
+    struct StatusItemContents {
+        QString title;
+        QIcon icon;
+        QMenu* menu = nullptr;
+        bool isShown = false;
+    };
+    [[nodiscard]] StatusItemContents contentsOf(const StatusItem* item) const;
+
+    // SingleInstance
+    bool hasSessionBus = true;
+    bool isAlreadyRunning = false;          ///< start() then hands over
+    std::vector<SingleInstance*> instances; ///< alive; emit their signals to play a second start
+
+    // For the fakes themselves
+    bool composited = true;
+    bool trayAvailable = true;
+    std::map<const StatusItem*, StatusItemContents> statusContents;
+    struct CompositedObserver {
+        QPointer<QObject> context;
+        std::function<void()> changed;
+    };
+    std::vector<CompositedObserver> compositedObservers;
+    quint64 lastRef = 0;
+    void note(const QString& call) { calls << call; }
+};
+
+} // namespace Quillstacks
