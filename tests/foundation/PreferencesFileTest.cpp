@@ -1,0 +1,186 @@
+#include "foundation/Preferences.h"
+#include "support/LogCapture.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Quillstacks {
+namespace {
+
+const QString key = QStringLiteral("key");
+
+class PreferencesFile : public testing::Test {
+protected:
+    [[nodiscard]] QByteArray read(const QString& path) const {
+        QFile source(path);
+        return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray("(none)");
+    }
+    void write(const QByteArray& bytes) const {
+        QDir().mkpath(QFileInfo(file).absolutePath());
+        QFile target(file);
+        ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+        ASSERT_EQ(target.write(bytes), bytes.size());
+    }
+    static mode_t modeOf(const QString& path) {
+        struct stat status {};
+        return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
+    }
+    [[nodiscard]] QStringList names() const {
+        return QDir(QFileInfo(file).absolutePath()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    }
+
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("config/app.Quillstacks/preferences.json"));
+    const LogCapture log;
+};
+
+TEST_F(PreferencesFile, nothingIsMadeBeforeTheFirstValue) {
+    const Preferences preferences(file);
+    EXPECT_FALSE(QFileInfo::exists(folder.filePath(QStringLiteral("config"))));
+}
+
+TEST_F(PreferencesFile, eachChangeIsOnDiskAtOnce) {
+    Preferences preferences(file);
+    preferences.set(key, QStringLiteral("a\u00E9\U0001F600\n\"\\"));
+    EXPECT_EQ(Preferences(file).text(key), QStringLiteral("a\u00E9\U0001F600\n\"\\"));
+    preferences.remove(key);
+    EXPECT_FALSE(Preferences(file).contains(key));
+}
+
+TEST_F(PreferencesFile, isReadableByItsOwnerAlone) {
+    const mode_t mask = umask(0);
+    Preferences(file).set(key, true);
+    umask(mask);
+    EXPECT_EQ(modeOf(file), 0600U);
+    EXPECT_EQ(modeOf(QFileInfo(file).absolutePath()), 0700U);
+    EXPECT_EQ(modeOf(folder.filePath(QStringLiteral("config"))), 0700U);
+}
+
+TEST_F(PreferencesFile, aFileThatOthersCouldReadIsClosedToThemByTheNextWrite) {
+    write("{}");
+    ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0644), 0);
+    Preferences(file).set(key, true);
+    EXPECT_EQ(modeOf(file), 0600U);
+}
+
+TEST_F(PreferencesFile, leavesNoTemporaryFileBehind) {
+    Preferences(file).set(key, true);
+    EXPECT_EQ(names(), QStringList(QStringLiteral("preferences.json")));
+}
+
+TEST_F(PreferencesFile, unknownKeysAreKept) {
+    write(R"({"foreign": {"list": [1, 2.5, null, "x"]}, "big": 9007199254740993})");
+    Preferences(file).set(key, true);
+    const QByteArray bytes = read(file).simplified().replace(' ', "");
+    EXPECT_EQ(bytes, R"({"big":9007199254740993,"foreign":{"list":[1,2.5,null,"x"]},"key":true})");
+}
+
+TEST_F(PreferencesFile, aBrokenFileIsSetAsideAndDefaultsApply) {
+    write("{\"key\": tru");
+    Preferences preferences(file);
+    EXPECT_FALSE(preferences.contains(key));
+    EXPECT_EQ(read(file + QStringLiteral(".broken")), "{\"key\": tru");
+    EXPECT_FALSE(QFileInfo::exists(file));
+    EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 1);
+    preferences.set(key, true);
+    EXPECT_EQ(Preferences(file).boolean(key), true);
+}
+
+TEST_F(PreferencesFile, aSecondBrokenFileLeavesTheFirst) {
+    for (const char* contents : {"first", "", "[3]"}) {
+        write(contents);
+        const Preferences preferences(file);
+    }
+    EXPECT_EQ(read(file + QStringLiteral(".broken")), "first");
+    EXPECT_EQ(read(file + QStringLiteral(".broken2")), "") << "an empty file is no object";
+    EXPECT_EQ(read(file + QStringLiteral(".broken3")), "[3]") << "nor is a list";
+}
+
+TEST_F(PreferencesFile, aBatchWritesOnceAtItsEnd) {
+    Preferences preferences(file);
+    int heard = 0;
+    QObject::connect(&preferences, &Preferences::changed, [&] { ++heard; });
+    {
+        const Preferences::Batch outer(preferences);
+        preferences.set(key, qint64(1));
+        {
+            const Preferences::Batch inner(preferences);
+            preferences.set(QStringLiteral("other"), qint64(2));
+        }
+        EXPECT_EQ(preferences.integer(key), 1);
+        EXPECT_EQ(heard, 2);
+        EXPECT_FALSE(QFileInfo::exists(file));
+    }
+    EXPECT_EQ(Preferences(file).integer(key), 1);
+    EXPECT_EQ(Preferences(file).integer(QStringLiteral("other")), 2);
+}
+
+TEST_F(PreferencesFile, aBatchWithoutAChangeWritesNothing) {
+    Preferences preferences(file);
+    { const Preferences::Batch batch(preferences); }
+    EXPECT_FALSE(QFileInfo::exists(file));
+}
+
+TEST_F(PreferencesFile, aWriteThatFailsIsLoggedAndTheNextOneTriesAgain) {
+    // A file where the folder should be; unlike a folder without rights, it stops the superuser too.
+    QFile obstacle(folder.filePath(QStringLiteral("config")));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    Preferences preferences(file);
+    preferences.set(key, QStringLiteral("held"));
+    EXPECT_EQ(preferences.text(key), QStringLiteral("held")) << "the value holds in memory";
+    EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 1);
+    ASSERT_TRUE(obstacle.remove());
+    preferences.set(QStringLiteral("other"), true);
+    EXPECT_EQ(Preferences(file).text(key), QStringLiteral("held"));
+}
+
+TEST_F(PreferencesFile, synchronizeTriesAgainAfterAFailure) {
+    QFile obstacle(folder.filePath(QStringLiteral("config")));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    Preferences preferences(file);
+    preferences.set(key, true);
+    ASSERT_TRUE(obstacle.remove());
+    preferences.synchronize();
+    EXPECT_EQ(Preferences(file).boolean(key), true);
+}
+
+TEST_F(PreferencesFile, aFolderInItsPlaceIsSetAsideToo) {
+    QDir().mkpath(file + QStringLiteral("/inside"));
+    Preferences preferences(file);
+    preferences.set(key, true);
+    EXPECT_TRUE(QFileInfo(file + QStringLiteral(".broken/inside")).isDir());
+    EXPECT_EQ(Preferences(file).boolean(key), true);
+}
+
+TEST_F(PreferencesFile, aLinkStaysALinkAndItsTargetIsWritten) {
+    write("{}");
+    const QString target = folder.filePath(QStringLiteral("real.json"));
+    ASSERT_TRUE(QFile::rename(file, target));
+    const QString middle = folder.filePath(QStringLiteral("middle.json"));
+    ASSERT_TRUE(QFile::link(target, middle));
+    ASSERT_TRUE(QFile::link(middle, file));
+    Preferences(file).set(key, true);
+    EXPECT_TRUE(QFileInfo(file).isSymLink());
+    EXPECT_TRUE(QFileInfo(middle).isSymLink());
+    EXPECT_EQ(Preferences(target).boolean(key), true);
+}
+
+TEST_F(PreferencesFile, textOfAnyKindComesBackUnchanged) {
+    QString every;
+    for (uint unit = 0; unit <= 0xFFFF; ++unit)
+        every += QChar(static_cast<char16_t>(unit));
+    const QString pairs = QStringLiteral("\U0001F600\U0010FFFF");
+    Preferences preferences(file);
+    preferences.set(key, every);
+    preferences.set(pairs, pairs);
+    EXPECT_EQ(Preferences(file).text(key), every) << "unpaired surrogates included";
+    EXPECT_EQ(Preferences(file).text(pairs), pairs);
+}
+
+} // namespace
+} // namespace Quillstacks
