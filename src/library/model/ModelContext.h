@@ -10,8 +10,17 @@
 #include <QSet>
 
 #include <memory>
+#include <vector>
 
 namespace Quillstacks {
+
+class PromptQuery;
+class Relations;
+class Store;
+class TagQuery;
+struct PendingChanges;
+template <typename T>
+class RecordTable;
 
 /// What happened since the context last told.
 struct ChangeSet {
@@ -30,6 +39,7 @@ public:
     /// Takes the record over and returns it. Loose versions of a prompt come with it; its tags must be inserted.
     Prompt* insert(std::unique_ptr<Prompt> prompt);
     Tag* insert(std::unique_ptr<Tag> tag);
+    /// A version that stands in no prompt's list: only versions() finds it, and no prompt's deletion takes it along.
     PromptVersion* insert(std::unique_ptr<PromptVersion> version);
 
     /// Deletes at once in memory, and in the store with the next save. A prompt takes its versions with it and leaves
@@ -37,9 +47,11 @@ public:
     void remove(Prompt* prompt);
     void remove(Tag* tag);
     void remove(PromptVersion* version);
+    /// Deletes every version, also those in no prompt's list, without reading them.
+    void removeAllVersions();
 
-    /// Writes all changes in one transaction; its cost depends on what changed only. Throws StoreError; the changes stay
-    /// then, to be written by the next save.
+    /// Writes all changes in one transaction; its cost depends on what changed only. Throws StoreError; the changes
+    /// stay then, to be written by the next save.
     void save();
     [[nodiscard]] bool hasChanges() const;
     /// Tells the live queries now what they would be told on the next turn of the loop.
@@ -48,6 +60,8 @@ public:
     /// All records that are not deleted, unsaved ones included, in the order of insertion.
     [[nodiscard]] QList<Prompt*> prompts() const;
     [[nodiscard]] QList<Tag*> tags() const;
+    /// Prompt by prompt, those in no prompt's list last. Reads all of them from the store. Throws StoreError.
+    [[nodiscard]] QList<PromptVersion*> versions();
     /// Hashed lookups; nullptr or an empty list when there is none.
     [[nodiscard]] Prompt* promptWithId(const Uuid& id) const;
     [[nodiscard]] Tag* tagWithId(const Uuid& id) const;
@@ -57,6 +71,49 @@ public:
 Q_SIGNALS:
     /// Once for all changes of a turn. Use LiveQuery rather than this.
     void changed(const Quillstacks::ChangeSet& changes);
+
+private:
+    friend class ModelContainer;
+    friend class Prompt;
+    friend class PromptQuery;
+    friend class Record;
+    friend class Tag;
+    friend class TagQuery;
+
+    ModelContext(std::unique_ptr<Store> openStore, bool maySave);
+
+    void join(Record& record);
+    void recordChanged(Record* record);
+    void noteUpdated(Record* record);
+    void schedule();
+    void markDeleted(Record& record);
+    void titleChanged(Prompt* prompt, const QString& old);
+    void nameChanged(Tag* tag, const QString& old);
+    void willReorder(Prompt* prompt);
+    void willReorder(Tag* tag);
+    void setTags(Prompt& prompt, const QList<Tag*>& wanted);
+    void setPrompts(Tag& tag, const QList<Prompt*>& wanted);
+    void linksChanged(Prompt& prompt);
+    void adopt(PromptVersion& version);
+    void forget(PromptVersion& version);
+    void loadVersions(const Prompt& prompt);
+    void unloadVersions(Prompt& prompt);
+    void readFreeVersions();
+    bool storedVersionsExist(const Prompt& prompt);
+
+    std::unique_ptr<Store> store;
+    std::unique_ptr<PendingChanges> pending;
+    std::unique_ptr<Relations> relations;
+    std::unique_ptr<RecordTable<Prompt>> promptTable;
+    std::unique_ptr<RecordTable<Tag>> tagTable;
+    std::vector<std::unique_ptr<PromptVersion>> freeVersions; ///< in no prompt's list
+    std::vector<PromptQuery*> promptQueries;
+    std::vector<TagQuery*> tagQueries;
+    ChangeSet changes;
+    qint64 lastVersionRow = 0;
+    bool freeVersionsRead = false;
+    bool scheduled = false;
+    const bool allowsSave;
 };
 
 } // namespace Quillstacks

@@ -8,6 +8,7 @@
 
 namespace Quillstacks {
 
+class Prompt;
 class Tag;
 
 /// A frozen copy of a prompt's text, with its tags' names and colours as texts. Never edited.
@@ -30,13 +31,18 @@ public:
 
 private:
     friend class ModelContext;
+    friend class Prompt;
     friend class RecordAccess;
+
+    PromptVersion(); ///< to be filled from the store
 
     Uuid prompt;
     QString titleText;
     QString bodyText;
     QStringList names;
     QStringList colors;
+    Prompt* owner = nullptr; ///< in whose versions() it stands; nullptr for one that was inserted on its own
+    qint64 position = 0;     ///< in that list; grows, with gaps where versions were deleted
 };
 
 } // namespace Quillstacks

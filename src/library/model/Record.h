@@ -20,11 +20,14 @@ public:
     [[nodiscard]] Date createdAt() const { return created; }
     /// The context that owns the record; nullptr before insertion.
     [[nodiscard]] ModelContext* modelContext() const { return context; }
-    /// True from the moment of deletion on. Texts are empty and lists are empty then.
+    /// True from the moment of deletion on. Texts are empty and lists are empty then; setters do nothing any more.
     [[nodiscard]] bool isDeleted() const { return deleted; }
 
 protected:
-    Record();
+    enum class Kind : quint8 { Prompt, Tag, PromptVersion };
+    explicit Record(Kind ofKind) : kind(ofKind) {}
+    /// A new id, created now.
+    void beginLife();
     /// Marks the record to be written by the next save and tells the context, if there is one.
     void touch();
 
@@ -35,8 +38,10 @@ private:
     friend class ModelContext;
     friend class RecordAccess;
     ModelContext* context = nullptr;
-    qint64 rowId = 0; ///< in the store; 0 while it was never saved
-    bool dirty = false;
+    qint64 rowId = 0; ///< given at insertion and growing: key in the store and place in the order of insertion
+    const Kind kind;
+    bool dirty = false;  ///< differs from the store
+    bool stored = false; ///< has a row in the store
     bool deleted = false;
 };
 

@@ -18,7 +18,8 @@ public:
         readOnly,
         failed, ///< any other failure of a read or a write
     };
-    StoreError(Kind kind, QString path, QString detail);
+    /// `systemDetail` is what the system or SQLite says of it; may be empty.
+    StoreError(Kind kind, QString storePath, QString systemDetail);
 
     [[nodiscard]] Kind kind() const { return failure; }
     [[nodiscard]] QString errorDescription() const override;

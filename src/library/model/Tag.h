@@ -19,13 +19,13 @@ public:
     [[nodiscard]] const QString& name() const { return nameText; }
     [[nodiscard]] const QString& colorHex() const { return colorText; }
     [[nodiscard]] Date updatedAt() const { return updated; }
-    /// The other side of Prompt::tags(), in the order in which the prompts took the tag.
+    /// The other side of Prompt::tags(), each prompt once, in the order in which the prompts took the tag.
     [[nodiscard]] const QList<Prompt*>& prompts() const { return promptList; }
 
     void setName(const QString& name);
     void setColorHex(const QString& colorHex);
     void setUpdatedAt(Date date);
-    /// Sets both sides of the relation.
+    /// Sets both sides of the relation. Every prompt must be in the tag's context.
     void setPrompts(const QList<Prompt*>& prompts);
 
     /// What an import restores: identity and dates as they were written, before insertion only.
@@ -34,7 +34,8 @@ public:
 private:
     friend class ModelContext;
     friend class RecordAccess;
-    friend class Prompt;
+
+    Tag(); ///< to be filled from the store
 
     QString nameText;
     QString colorText;
