@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QWidget>
+
+namespace Quillstacks {
+
+class PlainTextEdit;
+class Transition;
+
+/// The part of the fill-in sheet that folds out to show the filled text: selectable, scrolling, at most 150 high.
+class FilledTextPreview final : public QWidget {
+    Q_OBJECT
+public:
+    static constexpr int greatestTextHeight = 150;
+
+    explicit FilledTextPreview(QWidget* parent = nullptr);
+
+    void setText(const QString& text);
+    [[nodiscard]] QString text() const;
+    /// Folds out or in, in 200 ms.
+    void setOpen(bool open);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void fold();
+    void refresh();
+    [[nodiscard]] QRect textBox() const;
+    [[nodiscard]] int textTop() const;
+    [[nodiscard]] int wantedTextHeight() const;
+    [[nodiscard]] int folded(int height) const;
+
+    PlainTextEdit* edit = nullptr;
+    Transition* unfolding = nullptr;
+};
+
+} // namespace Quillstacks
