@@ -113,6 +113,7 @@ fail() {
     exit 97
 }
 
+# shellcheck disable=SC2317 # called by the trap
 # The newest part goes first, so that nothing loses the server or the bus under its feet.
 end() {
     local part
