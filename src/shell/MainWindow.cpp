@@ -1,0 +1,146 @@
+#include "shell/MainWindow.h"
+
+#include "interface/Label.h"
+#include "interface/OverlayScrollBar.h"
+#include "interface/Sheet.h"
+#include "interface/Theme.h"
+#include "library/PromptListView.h"
+#include "mainwindow/ContentView.h"
+#include "platform/Windows.h"
+#include "shell/DataStoreErrorView.h"
+#include "shell/DockVisibilityController.h"
+#include "shell/MainWindowFocusManager.h"
+#include "shell/ScreenFit.h"
+#include "shell/WindowAccessor.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShowEvent>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace Quillstacks {
+
+namespace {
+
+/// Holds whatever the window shows at no less than the smallest size, so that a lower window scrolls it.
+class Frame final : public QWidget {
+public:
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return QWidget::minimumSizeHint().expandedTo(MainWindow::smallestSize);
+    }
+};
+
+constexpr QSize firstSize{1280, 800};
+
+} // namespace
+
+MainWindow::MainWindow(Store opened)
+    : store(std::move(opened)), area(new QScrollArea(this)), screenFit(new ScreenFit(this, smallestSize)) {
+    setObjectName(QStringLiteral("main"));
+    setWindowTitle(QStringLiteral("Quillstacks"));
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(area);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    OverlayScrollBar::install(area, true);
+    resize(firstSize);
+}
+
+MainWindow::~MainWindow() = default;
+
+QWidget* MainWindow::find() {
+    const auto windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(
+        windows, [](const QWidget* window) { return window->objectName() == QStringLiteral("main"); });
+    return found == windows.end() ? nullptr : *found;
+}
+
+void MainWindow::open() {
+    if (isVisible()) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        Windows::showAndActivate(this, 0);
+    } else {
+        show();
+    }
+}
+
+void MainWindow::openNewPrompt() {
+    open();
+    // Under a sheet everything is inert, this included; what is being written there comes first.
+    auto* list = Sheet::top(this) ? nullptr : findChild<PromptListView*>();
+    if (list)
+        list->newPrompt();
+}
+
+void MainWindow::setVisible(bool visible) {
+    // Here rather than in open(): whoever shows the window gets it with its content.
+    if (visible && !isVisible()) {
+        screenFit->fit();
+        if (!content)
+            buildContent();
+    }
+    QWidget::setVisible(visible);
+}
+
+void MainWindow::buildContent() {
+    auto* frame = new Frame;
+    auto* layers = new QVBoxLayout(frame);
+    layers->setContentsMargins(0, 0, 0, 0);
+    layers->addWidget(makeContent());
+    if (store.container)
+        new WindowAccessor([](QWidget* window) { MainWindowFocusManager::shared().registerWindow(window); }, frame);
+    content = frame;
+    area->setWidget(frame);
+}
+
+QWidget* MainWindow::makeContent() {
+    if (store.container)
+        return new ContentView(*store.container);
+    if (store.error)
+        return new DataStoreErrorView(store.error);
+    auto* progress = new Label(QStringLiteral("Initializing..."), TextStyle::body, ColorRole::text2);
+    progress->setTextAlignment(Qt::AlignCenter);
+    return progress;
+}
+
+ContentView* MainWindow::contentView() const {
+    return content ? content->findChild<ContentView*>() : nullptr;
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous())
+        appear();
+}
+
+void MainWindow::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        disappear();
+}
+
+void MainWindow::appear() {
+    DockVisibilityController::shared().setPolicy(ActivationPolicy::regular);
+    // Twice on purpose: before and after the look at the permission.
+    MainWindowFocusManager::shared().requestFocus();
+    MainWindowFocusManager::shared().requestFocus();
+}
+
+void MainWindow::disappear() {
+    DockVisibilityController::shared().setPolicy(ActivationPolicy::accessory);
+    MainWindowFocusManager::shared().reset();
+    // A sheet may hold what somebody is writing; it waits, with what lies beneath it, for the window to open again.
+    if (!content || Sheet::top(this))
+        return;
+    // Not at once: the close may come from within the content.
+    area->takeWidget();
+    content->hide();
+    content->deleteLater();
+    content = nullptr;
+}
+
+} // namespace Quillstacks

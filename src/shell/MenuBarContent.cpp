@@ -1,0 +1,74 @@
+#include "shell/MenuBarContent.h"
+
+#include "foundation/MainQueue.h"
+#include "hotkey/HotkeyPreferences.h"
+#include "hotkey/ShortcutDisplay.h"
+#include "interface/Symbol.h"
+#include "interface/Theme.h"
+#include "platform/Windows.h"
+#include "quickaccess/QuickAccessWindowManager.h"
+#include "shell/DockVisibilityController.h"
+#include "shell/MainWindow.h"
+#include "shell/MainWindowFocusManager.h"
+#include "shell/Termination.h"
+
+#include <QIcon>
+#include <QMenu>
+
+namespace Quillstacks {
+
+MenuBarContent::MenuBarContent(std::function<void()> opensWindow, QObject* parent)
+    : QObject(parent), openWindow(std::move(opensWindow)), items(std::make_unique<QMenu>()) {
+    build();
+    updateShortcut();
+    HotkeyPreferences::modifiers.observe(this, [this] { updateShortcut(); });
+    HotkeyPreferences::keyCode.observe(this, [this] { updateShortcut(); });
+}
+
+MenuBarContent::~MenuBarContent() = default;
+
+QIcon MenuBarContent::icon() {
+    // The desktop recolours a symbolic icon of its theme to suit its panel. Ours, where none is installed, has a colour
+    // that can be told from a dark and from a light one.
+    QIcon drawn;
+    const QColor color = Theme::shared().color(ColorRole::accentFill);
+    for (const int size : {16, 22, 24, 32, 48, 64})
+        drawn.addPixmap(Symbol::pixmap(QStringLiteral("circle.dotted.circle.fill"), size, color, 1));
+    return QIcon::fromTheme(QStringLiteral("app.Quillstacks-symbolic"), drawn);
+}
+
+QString MenuBarContent::shortcutText() const {
+    return shortcutDisplayString(static_cast<quint64>(HotkeyPreferences::modifiers.value()),
+                                 HotkeyPreferences::keyCode.value());
+}
+
+void MenuBarContent::build() {
+    quickAccess = items->addAction(QString());
+    connect(quickAccess, &QAction::triggered, this, [] { QuickAccessWindowManager::shared().toggle(); });
+    items->addSeparator();
+    const QAction* open = items->addAction(QStringLiteral("Open Quillstacks"));
+    connect(open, &QAction::triggered, this, &MenuBarContent::openQuillstacks);
+    items->addSeparator();
+    const QAction* quit = items->addAction(QStringLiteral("Quit Quillstacks"));
+    connect(quit, &QAction::triggered, this, &terminate);
+}
+
+void MenuBarContent::updateShortcut() {
+    quickAccess->setText(QStringLiteral("Quick Access (%1)").arg(shortcutText()));
+}
+
+void MenuBarContent::openQuillstacks() {
+    // The window may be open, closed, or not made yet; each step is needed for one of these.
+    DockVisibilityController::shared().setPolicy(ActivationPolicy::regular);
+    MainWindowFocusManager::shared().requestFocus();
+    openWindow();
+    MainWindowFocusManager::shared().requestFocus();
+    MainQueue::after(0.1, this, [] {
+        if (QWidget* main = MainWindow::find()) {
+            Windows::showAndActivate(main, 0);
+            Windows::activateIgnoringOtherApps(main);
+        }
+    });
+}
+
+} // namespace Quillstacks

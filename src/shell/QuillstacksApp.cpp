@@ -1,0 +1,107 @@
+#include "shell/QuillstacksApp.h"
+
+#include "foundation/LocalizedError.h"
+#include "foundation/Log.h"
+#include "foundation/MainQueue.h"
+#include "hotkey/HotkeyManager.h"
+#include "library/model/ModelContainer.h"
+#include "platform/Files.h"
+#include "platform/SingleInstance.h"
+#include "platform/StatusItem.h"
+#include "quickaccess/QuickAccessWindowManager.h"
+#include "shell/DataStoreError.h"
+#include "shell/DockVisibilityController.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuBarContent.h"
+#include "shell/StoreLocation.h"
+#include "shell/Termination.h"
+#include "shell/Version.h"
+#include "upkeep/DataMigrationManager.h"
+#include "upkeep/PreferencesMigrationManager.h"
+
+#include <QFileInfo>
+
+namespace Quillstacks {
+
+QuillstacksApp::QuillstacksApp() {
+    announceVersion();
+    Log::logAppStart();
+    PreferencesMigrationManager::shared().migrateIfNeeded();
+    openStore();
+    if (sharedModelContainer)
+        QuickAccessWindowManager::shared().setModelContainer(sharedModelContainer.get());
+    // Out of sight from the first moment; the main window, opened after it, brings the program back among the others.
+    MainQueue::async(this, [] { DockVisibilityController::shared().setPolicy(ActivationPolicy::accessory); });
+    connectHotkey();
+    makeScenes();
+}
+
+QuillstacksApp::~QuillstacksApp() {
+    HotkeyManager::shared().unregister();
+    HotkeyManager::shared().onHotkeyPressed = {};
+    QuickAccessWindowManager::shared().setModelContainer(nullptr);
+}
+
+void QuillstacksApp::openStore() {
+    try {
+        sharedModelContainer = openContainer();
+        Log::data.info(QStringLiteral("SwiftData container initialized successfully"));
+    } catch (const std::exception& error) {
+        containerError = std::current_exception();
+        Log::data.fault(QStringLiteral("Failed to create SwiftData container: ") + localizedDescription(error));
+    }
+}
+
+std::unique_ptr<ModelContainer> QuillstacksApp::openContainer() {
+    const Schema schema = Schema::current();
+    const QString store = StoreLocation::store();
+    if (store.isEmpty())
+        throw DataStoreError(DataStoreError::Case::cannotAccessApplicationSupport);
+    Files::createDirectory(QFileInfo(store).path());
+    DataMigrationManager::shared().migrateIfNeeded(store);
+    Log::logStorageLocation(store);
+    return std::make_unique<ModelContainer>(schema, ModelConfiguration{store, true});
+}
+
+void QuillstacksApp::connectHotkey() {
+    HotkeyManager::shared().onHotkeyPressed = [] {
+        MainQueue::async(nullptr, [] { QuickAccessWindowManager::shared().toggle(); });
+    };
+    HotkeyManager::shared().registerIfPermitted();
+}
+
+void QuillstacksApp::makeScenes() {
+    window = std::make_unique<MainWindow>(MainWindow::Store{sharedModelContainer.get(), containerError});
+    menu = std::make_unique<MenuBarContent>([this] { window->open(); });
+    MainQueue::async(this, [this] { window->open(); });
+    // After the window, which somebody is waiting for.
+    MainQueue::async(this, [this] { makeStatusItem(); });
+}
+
+void QuillstacksApp::makeStatusItem() {
+    statusItem = std::make_unique<StatusItem>(QStringLiteral("Quillstacks"), MenuBarContent::icon(), menu->menu());
+    connect(statusItem.get(), &StatusItem::noTrayFound, this, [] {
+        Log::ui.standard(
+            QStringLiteral("No status area found: the menu is not shown; start Quillstacks again, or use its "
+                           "desktop actions or the hot key, to reach it"));
+    });
+}
+
+void QuillstacksApp::serve(SingleInstance& instance) {
+    connect(&instance, &SingleInstance::activated, this, &QuillstacksApp::reopen);
+    connect(&instance, &SingleInstance::actionActivated, this, &QuillstacksApp::performAction);
+}
+
+void QuillstacksApp::reopen() {
+    if (appDelegate.applicationShouldHandleReopen(window->isVisible()))
+        window->open();
+}
+
+void QuillstacksApp::performAction(const QString& name) {
+    if (name == QStringLiteral("quick-access"))
+        QuickAccessWindowManager::shared().toggle();
+    else if (name == QStringLiteral("new-prompt"))
+        window->openNewPrompt();
+}
+
+} // namespace Quillstacks

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace Quillstacks {
+
+/// Tells the log which version this is. The one place that the version is compiled into.
+void announceVersion();
+
+} // namespace Quillstacks

@@ -1,0 +1,163 @@
+#include "shell/MainWindow.h"
+
+#include "interface/Label.h"
+#include "interface/Sheet.h"
+#include "mainwindow/ContentView.h"
+#include "shell/DataStoreError.h"
+#include "shell/DataStoreErrorView.h"
+#include "ShellFixture.h"
+
+#include <QPointer>
+#include <QScreen>
+
+namespace Quillstacks {
+namespace {
+
+class MainScene : public ShellFixture {
+protected:
+    const std::unique_ptr<ModelContainer> container = makeContainer();
+    const std::exception_ptr error =
+        std::make_exception_ptr(DataStoreError(DataStoreError::Case::cannotAccessApplicationSupport));
+};
+
+TEST_F(MainScene, itIsTheWindowMainTitledQuillstacks) {
+    MainWindow window({container.get(), {}});
+    EXPECT_EQ(MainWindow::find(), &window);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Quillstacks"));
+}
+
+TEST_F(MainScene, withAStoreItShowsTheLibrary) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    EXPECT_TRUE(window.contentView());
+    EXPECT_TRUE(window.contentView()->isVisible());
+    EXPECT_FALSE(window.findChild<DataStoreErrorView*>());
+}
+
+TEST_F(MainScene, withAnErrorItShowsTheFailureScreenAtTheFullMinimumSize) {
+    MainWindow window({nullptr, error});
+    window.open();
+    auto* screen = window.findChild<DataStoreErrorView*>();
+    ASSERT_TRUE(screen && screen->isVisible());
+    EXPECT_FALSE(window.contentView());
+    EXPECT_GE(screen->width(), 1280);
+    EXPECT_GE(screen->height(), 720);
+}
+
+TEST_F(MainScene, withNeitherItSaysThatItIsInitializing) {
+    MainWindow window({});
+    window.open();
+    const auto labels = window.findChildren<Label*>();
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels.first()->text(), QStringLiteral("Initializing..."));
+    EXPECT_TRUE(labels.first()->isVisible());
+}
+
+TEST_F(MainScene, onASmallerScreenTheWindowTakesWhatThereIsAndTheContentKeepsItsSize) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    const QSize available = window.screen()->availableSize();
+    EXPECT_EQ(window.minimumSize(), QSize(1280, 720).boundedTo(available));
+    EXPECT_LE(window.width(), available.width());
+    EXPECT_GE(window.contentView()->width(), 1280);
+    EXPECT_GE(window.contentView()->height(), 720);
+}
+
+TEST_F(MainScene, appearingTurnsThePolicyToRegularAndAsksForTheFocus) {
+    DockVisibilityController::shared().setPolicy(ActivationPolicy::accessory);
+    MainWindow window({container.get(), {}});
+    desktop.calls.clear();
+    window.show();
+    EXPECT_EQ(desktop.calls, QStringList{QStringLiteral("setActivationPolicy regular")});
+    EXPECT_TRUE(MainWindowFocusManager::shared().pendingFocus);
+    EXPECT_EQ(MainWindowFocusManager::shared().window, &window);
+    turn();
+    EXPECT_EQ(desktop.callsOf(QStringLiteral("showAndActivate main")).size(), 1);
+}
+
+TEST_F(MainScene, closingTurnsThePolicyToAccessoryAndForgetsTheWindow) {
+    MainWindow window({container.get(), {}});
+    window.show();
+    desktop.calls.clear();
+    window.close();
+    EXPECT_EQ(desktop.calls, QStringList{QStringLiteral("setActivationPolicy accessory")});
+    EXPECT_TRUE(MainWindowFocusManager::shared().window.isNull());
+    EXPECT_FALSE(MainWindowFocusManager::shared().pendingFocus);
+}
+
+TEST_F(MainScene, closingEndsTheContentViewAndReopeningMakesANewOne) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    const QPointer<ContentView> first = window.contentView();
+    window.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(first.isNull());
+    EXPECT_FALSE(window.contentView());
+    window.open();
+    EXPECT_TRUE(window.contentView());
+    EXPECT_TRUE(window.contentView()->isVisible());
+}
+
+TEST_F(MainScene, whoeverShowsTheClosedWindowGetsItWithItsContent) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    window.close();
+    window.setVisible(true);
+    EXPECT_TRUE(window.contentView());
+}
+
+TEST_F(MainScene, aSheetThatIsOpenWhenTheWindowClosesIsThereWhenItOpensAgain) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    const QPointer<ContentView> content = window.contentView();
+    const QPointer<Sheet> sheet = Sheet::present(window.contentView(), std::make_unique<QWidget>(),
+                                                 {.accessibleName = QStringLiteral("Writing")});
+    window.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    window.open();
+    ASSERT_TRUE(sheet);
+    EXPECT_TRUE(sheet->isVisible());
+    EXPECT_EQ(window.contentView(), content);
+}
+
+TEST_F(MainScene, openingTheOpenWindowBringsItToTheFront) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    desktop.calls.clear();
+    window.open();
+    EXPECT_EQ(desktop.calls, QStringList{QStringLiteral("showAndActivate main 0")});
+}
+
+TEST_F(MainScene, openingAMinimizedWindowBringsItBack) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    window.showMinimized();
+    window.open();
+    EXPECT_FALSE(window.isMinimized());
+}
+
+TEST_F(MainScene, aNewPromptOpensTheWindowAndAnEditorInIt) {
+    MainWindow window({container.get(), {}});
+    window.openNewPrompt();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(Sheet::top(&window));
+}
+
+TEST_F(MainScene, aNewPromptUnderASheetLeavesThatSheetOnTop) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    const Sheet* sheet = Sheet::present(window.contentView(), std::make_unique<QWidget>(),
+                                        {.accessibleName = QStringLiteral("Writing")});
+    window.openNewPrompt();
+    EXPECT_EQ(Sheet::top(&window), sheet);
+}
+
+TEST_F(MainScene, aNewPromptWithoutAStoreShowsTheFailure) {
+    MainWindow window({nullptr, error});
+    window.openNewPrompt();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(Sheet::top(&window));
+}
+
+} // namespace
+} // namespace Quillstacks
