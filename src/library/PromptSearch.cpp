@@ -16,6 +16,13 @@ bool matches(const LowercaseSearch& search, const Prompt& prompt) {
                        [&](const Tag* tag) { return search.isIn(tag->name()); });
 }
 
+template <typename Predicate>
+QList<Prompt*> kept(const QList<Prompt*>& prompts, Predicate isKept) {
+    QList<Prompt*> result;
+    std::copy_if(prompts.begin(), prompts.end(), std::back_inserter(result), isKept);
+    return result;
+}
+
 template <typename Iterator, typename Before>
 void sortUnlessSorted(Iterator begin, Iterator end, Before before) {
     if (!std::is_sorted(begin, end, before))
@@ -24,15 +31,21 @@ void sortUnlessSorted(Iterator begin, Iterator end, Before before) {
 
 } // namespace
 
+QList<Prompt*> promptsWithTag(const QList<Prompt*>& prompts, const std::optional<Uuid>& tagId) {
+    if (tagId.value_or(allPromptsId) == allPromptsId)
+        return prompts;
+    return kept(prompts, [&](const Prompt* prompt) {
+        return std::any_of(prompt->tags().begin(), prompt->tags().end(),
+                           [&](const Tag* tag) { return tag->id() == *tagId; });
+    });
+}
+
 QList<Prompt*> promptsMatching(const QList<Prompt*>& prompts, const QString& searchText) {
     const QStringView term = Text::trimmed(searchText);
     if (term.isEmpty())
         return prompts;
     const LowercaseSearch search(term);
-    QList<Prompt*> found;
-    std::copy_if(prompts.begin(), prompts.end(), std::back_inserter(found),
-                 [&](const Prompt* prompt) { return matches(search, *prompt); });
-    return found;
+    return kept(prompts, [&](const Prompt* prompt) { return matches(search, *prompt); });
 }
 
 void sortPinnedFirst(QList<Prompt*>& prompts) {

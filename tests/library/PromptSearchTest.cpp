@@ -87,6 +87,22 @@ TEST(PromptSearch, aTermDoesNotRunFromTheTitleIntoTheBody) {
     EXPECT_TRUE(promptsMatching(library.all(), QStringLiteral("onetwo")).isEmpty());
 }
 
+TEST(PromptSearch, aTagKeepsItsPromptsAndNoTagOrTheAllPromptsEntryKeepsAll) {
+    Library library;
+    Tag* tag = library.addTag(QStringLiteral("Work"));
+    Tag* namesake = library.addTag(QStringLiteral("Work"));
+    Prompt* tagged = library.add(QStringLiteral("a"), QString(), {namesake, tag});
+    library.add(QStringLiteral("b"), QString(), {namesake});
+    EXPECT_EQ(promptsWithTag(library.all(), tag->id()), QList<Prompt*>{tagged});
+    EXPECT_EQ(promptsWithTag(library.all(), std::nullopt), library.all());
+    EXPECT_EQ(promptsWithTag(library.all(), allPromptsId), library.all());
+    EXPECT_TRUE(promptsWithTag(library.all(), randomUuid()).isEmpty());
+}
+
+TEST(PromptSearch, theAllPromptsEntryHasTheNullIdentifier) {
+    EXPECT_EQ(uuidText(allPromptsId), QStringLiteral("00000000-0000-0000-0000-000000000000"));
+}
+
 TEST(PromptSearch, aPinnedPromptStaysAboveAMoreRecentlyEditedUnpinnedOne) {
     Library library;
     Prompt* recent = library.addDated(900);

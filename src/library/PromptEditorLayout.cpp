@@ -1,0 +1,112 @@
+// How the prompt editor is put together.
+#include "foundation/Text.h"
+#include "interface/Button.h"
+#include "interface/TextField.h"
+#include "library/PromptEditorView.h"
+#include "PromptTextEditor.h"
+
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace Quillstacks {
+namespace {
+
+constexpr QSize smallestSize(1100, 720);
+constexpr QSize idealSize(1160, 860);
+constexpr int sidePadding = 24;
+constexpr int columnMinimumWidth = 400;
+constexpr int bodyMinimumHeight = 360;
+constexpr int footerHeight = 70;
+
+} // namespace
+
+Sheet::Options PromptEditorView::sheetOptions(const Prompt* edited) {
+    Sheet::Options options;
+    options.accessibleName = edited ? QStringLiteral("Edit Prompt") : QStringLiteral("New Prompt");
+    options.minimumSize = smallestSize;
+    return options;
+}
+
+QSize PromptEditorView::sizeHint() const {
+    return idealSize;
+}
+
+void PromptEditorView::build() {
+    auto* column = new QWidget(this);
+    column->setMinimumWidth(columnMinimumWidth);
+    auto* columnLayout = new QVBoxLayout(column);
+    columnLayout->setContentsMargins(0, 0, 0, 0);
+    columnLayout->setSpacing(16);
+    columnLayout->addLayout(buildTitleRow());
+    bodyEditor = new PromptTextEditor(column);
+    bodyEditor->setMinimumHeight(bodyMinimumHeight);
+    columnLayout->addWidget(bodyEditor, 1);
+
+    auto* columns = new QHBoxLayout;
+    columns->setContentsMargins(sidePadding, 20, sidePadding, 0);
+    columns->addWidget(column, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(columns, 1);
+    layout->addLayout(buildFooter());
+}
+
+QLayout* PromptEditorView::buildTitleRow() {
+    titleField = new TextField(QStringLiteral("Title"), TextField::Variant::title, this);
+    copyButton = new Button(QStringLiteral("Copy"), Button::Kind::bordered, this);
+    copyButton->setSize(Button::Size::field);
+    copyButton->setSymbol(QStringLiteral("doc.on.doc"));
+    copyButton->setToolTip(QStringLiteral("Copy prompt to clipboard"));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(titleField, 1);
+    row->addWidget(copyButton);
+    return row;
+}
+
+QLayout* PromptEditorView::buildFooter() {
+    deleteButton = new Button(QStringLiteral("Delete"), Button::Kind::destructive, this);
+    cancelButton = new Button(QStringLiteral("Cancel"), Button::Kind::bordered, this);
+    saveButton = new Button(QStringLiteral("Create"), Button::Kind::prominent, this);
+    saveButton->setDefault(true);
+    auto* footer = new QHBoxLayout;
+    footer->setContentsMargins(sidePadding, 0, sidePadding, 0);
+    footer->setSpacing(10);
+    footer->addStrut(footerHeight);
+    footer->addWidget(deleteButton);
+    footer->addStretch();
+    footer->addWidget(cancelButton);
+    footer->addWidget(saveButton);
+    return footer;
+}
+
+void PromptEditorView::connectParts() {
+    connect(titleField, &QLineEdit::textChanged, this, [this](const QString& text) {
+        titleText = text;
+        refreshControls();
+    });
+    connect(bodyEditor, &PromptTextEditor::textChanged, this, &PromptEditorView::refreshControls);
+    connect(copyButton, &QAbstractButton::clicked, this, &PromptEditorView::copyPrompt);
+    connect(deleteButton, &QAbstractButton::clicked, this, &PromptEditorView::askToDelete);
+    connect(cancelButton, &QAbstractButton::clicked, this, &PromptEditorView::cancel);
+    connect(saveButton, &QAbstractButton::clicked, this, &PromptEditorView::savePrompt);
+    // The second way to save, from the body too, where Return begins a new line.
+    saveKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_S), this);
+    saveKey->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(saveKey, &QShortcut::activated, this, &PromptEditorView::savePrompt);
+}
+
+void PromptEditorView::refreshControls() {
+    const bool hasBody = canCopy();
+    const bool savable = hasBody && !Text::isBlank(titleText);
+    copyButton->setVisible(prompt);
+    copyButton->setEnabled(hasBody);
+    deleteButton->setVisible(prompt);
+    saveButton->setTitle(prompt ? QStringLiteral("Save") : QStringLiteral("Create"));
+    saveButton->setEnabled(savable);
+    saveKey->setEnabled(savable);
+}
+
+} // namespace Quillstacks

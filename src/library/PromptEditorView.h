@@ -1,0 +1,96 @@
+#pragma once
+
+#include "interface/Sheet.h"
+#include "library/model/LiveQuery.h"
+
+#include <QPointer>
+#include <QSet>
+#include <QWidget>
+
+#include <functional>
+
+class QShortcut;
+
+namespace Quillstacks {
+
+class Button;
+class PromptTextEditor;
+class TextField;
+
+/// The sheet in which a prompt is made or edited. Nothing reaches the store before savePrompt() or deletePrompt().
+class PromptEditorView final : public QWidget {
+    Q_OBJECT
+public:
+    /// Without an initial prompt it makes a new one, and hands it to `onSave`, before the store is saved.
+    explicit PromptEditorView(ModelContext& modelContext, Prompt* initialPrompt = nullptr,
+                              std::function<void(Prompt*)> onSave = {}, QWidget* parent = nullptr);
+
+    // State
+    /// As typed; only what is saved is trimmed.
+    [[nodiscard]] const QString& title() const { return titleText; }
+    [[nodiscard]] QString editorBody() const;
+    [[nodiscard]] const QSet<Tag*>& selectedTags() const { return tickedTags; }
+    /// None while a new prompt is made.
+    [[nodiscard]] Prompt* editingPrompt() const { return prompt; }
+    [[nodiscard]] bool isShowingDeleteAlert() const { return showingDeleteAlert; }
+    [[nodiscard]] bool showVariableSubstitution() const { return showingVariableSubstitution; }
+    void setTitle(const QString& title);
+    void setEditorBody(const QString& body);
+    void setSelectedTags(const QSet<Tag*>& tags);
+
+    // Derived
+    [[nodiscard]] bool canSave() const;
+    [[nodiscard]] bool canCopy() const;
+
+    // Actions
+    /// Takes title, body and tags from the prompt; what was typed goes.
+    void loadPrompt();
+    void savePrompt();
+    void copyPrompt();
+    void askToDelete();
+    void deletePrompt();
+    void cancelDeletion();
+    void cancel();
+
+    /// How the sheet is to be presented, for a new prompt (nullptr) or an existing one.
+    [[nodiscard]] static Sheet::Options sheetOptions(const Prompt* prompt);
+    [[nodiscard]] QSize sizeHint() const override;
+
+Q_SIGNALS:
+    /// The sheet is to close.
+    void closed();
+
+private:
+    void build();
+    [[nodiscard]] QLayout* buildTitleRow();
+    [[nodiscard]] QLayout* buildFooter();
+    void connectParts();
+    void refreshControls();
+    [[nodiscard]] QList<Tag*> attachedTags() const;
+    /// False when the old text could not be kept as a version: then nothing is written.
+    bool saveExisting(const QString& trimmedTitle, const QString& trimmedBody);
+    void saveNew(const QString& trimmedTitle, const QString& trimmedBody);
+    void saveContext(const QString& operation, const QString& success);
+    void putOnClipboard(const QString& text);
+
+    ModelContext& modelContext;
+    Prompt* initialPrompt;
+    std::function<void(Prompt*)> onSave;
+    TagQuery allTags;
+    QString titleText;
+    QSet<Tag*> tickedTags;
+    Prompt* prompt = nullptr;
+    bool showingDeleteAlert = false;
+    bool showingVariableSubstitution = false;
+
+    TextField* titleField = nullptr;
+    PromptTextEditor* bodyEditor = nullptr;
+    Button* copyButton = nullptr;
+    Button* deleteButton = nullptr;
+    Button* cancelButton = nullptr;
+    Button* saveButton = nullptr;
+    QShortcut* saveKey = nullptr;
+    QPointer<Sheet> deleteAlert;
+};
+
+} // namespace Quillstacks

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+namespace Quillstacks {
+
+class Button;
+class Label;
+
+/// The line above the prompt list: its title, the count of what a filter lets through, and the two buttons.
+class PromptListHeader final : public QWidget {
+    Q_OBJECT
+public:
+    explicit PromptListHeader(QWidget* parent = nullptr);
+
+    /// Empty for no count.
+    void setCount(const QString& text);
+    void setDeleteEnabled(bool enabled);
+
+Q_SIGNALS:
+    void newPromptRequested();
+    void deleteRequested();
+
+private:
+    Label* count;
+    Button* newButton;
+    Button* deleteButton;
+};
+
+} // namespace Quillstacks

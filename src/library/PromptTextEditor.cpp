@@ -1,0 +1,93 @@
+#include "PromptTextEditor.h"
+
+#include "interface/Drawing.h"
+#include "interface/Label.h"
+#include "interface/PlainTextEdit.h"
+#include "interface/TextStyle.h"
+#include "interface/Theme.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTextDocument>
+#include <QVBoxLayout>
+
+namespace Quillstacks {
+namespace {
+
+constexpr int padding = 12;
+constexpr int textInset = 8;
+constexpr int radius = 12;
+constexpr int lineHeight = 24;
+constexpr QPoint placeholderPosition(24, 20);
+
+} // namespace
+
+PromptTextEditor::PromptTextEditor(QWidget* parent)
+    : QWidget(parent), field(new PlainTextEdit(this)),
+      placeholder(new Label(QStringLiteral("Write your prompt…"), TextStyle::monoBody, ColorRole::text2, this)),
+      hover(this) {
+    setObjectName(QStringLiteral("PromptTextEditor"));
+    setFocusProxy(field);
+    field->setAccessibleName(QStringLiteral("Prompt text"));
+    field->document()->setDocumentMargin(textInset);
+    field->setTabChangesFocus(false);
+    field->installEventFilter(this);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->addWidget(field);
+    placeholder->setAttribute(Qt::WA_TransparentForMouseEvents);
+    placeholder->raise();
+    applyFont();
+    connect(&Theme::shared(), &Theme::changed, this, &PromptTextEditor::applyFont);
+    connect(field, &QTextEdit::textChanged, this, [this] {
+        showPlaceholder();
+        Q_EMIT textChanged();
+    });
+}
+
+QString PromptTextEditor::text() const {
+    return field->text();
+}
+
+void PromptTextEditor::setText(const QString& text) {
+    field->setText(text);
+    showPlaceholder();
+}
+
+void PromptTextEditor::showPlaceholder() {
+    placeholder->setVisible(field->document()->isEmpty());
+}
+
+void PromptTextEditor::applyFont() {
+    field->setLineFormat(textFont(TextStyle::monoBody), lineHeight);
+}
+
+void PromptTextEditor::enterEvent(QEnterEvent*) {
+    hover.to(1);
+}
+
+void PromptTextEditor::leaveEvent(QEvent*) {
+    hover.to(0);
+}
+
+void PromptTextEditor::resizeEvent(QResizeEvent*) {
+    placeholder->setGeometry(QRect(placeholderPosition, QSize(width() - 2 * placeholderPosition.x(), lineHeight)));
+}
+
+bool PromptTextEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool isBack = key->key() == Qt::Key_Backtab;
+    if (!isBack && (key->key() != Qt::Key_Tab || key->modifiers() != Qt::ControlModifier))
+        return false;
+    return focusNextPrevChild(!isBack);
+}
+
+void PromptTextEditor::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Theme& theme = Theme::shared();
+    drawBox(painter, rect(), radius, theme.color(ColorRole::field), theme.ink(0.1 + 0.1 * hover.value()));
+}
+
+} // namespace Quillstacks

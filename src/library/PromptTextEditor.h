@@ -1,0 +1,42 @@
+#pragma once
+
+#include "interface/Transition.h"
+
+#include <QWidget>
+
+namespace Quillstacks {
+
+class Label;
+class PlainTextEdit;
+
+/// The framed editor of a prompt's body. It keeps every character of its text. Tab is a character here: Ctrl+Tab and
+/// Shift+Tab leave the editor.
+class PromptTextEditor final : public QWidget {
+    Q_OBJECT
+public:
+    explicit PromptTextEditor(QWidget* parent = nullptr);
+
+    [[nodiscard]] QString text() const;
+    void setText(const QString& text);
+    [[nodiscard]] bool isHovered() const { return hover.target() > 0; }
+
+Q_SIGNALS:
+    void textChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void showPlaceholder();
+    void applyFont();
+
+    PlainTextEdit* field;
+    Label* placeholder;
+    Transition hover;
+};
+
+} // namespace Quillstacks
