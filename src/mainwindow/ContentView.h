@@ -1,0 +1,39 @@
+#pragma once
+
+#include "foundation/Uuid.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace Quillstacks {
+
+class ModelContext;
+class PromptListView;
+class SidebarView;
+
+/// What the main window shows while a store is open: the sidebar and the prompt list, which share a search text and a
+/// selected tag. Neither is kept when the view goes.
+class ContentView final : public QWidget {
+    Q_OBJECT
+public:
+    explicit ContentView(ModelContext& modelContext, QWidget* parent = nullptr);
+
+    [[nodiscard]] const QString& searchText() const { return search; }
+    [[nodiscard]] const std::optional<Uuid>& selectedTagId() const { return tagId; }
+    void setSearchText(const QString& text);
+    void setSelectedTagId(const std::optional<Uuid>& id);
+    /// For what reaches in from outside the window, such as a new prompt asked for by the desktop.
+    [[nodiscard]] PromptListView& promptList() const { return *list; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString search;
+    std::optional<Uuid> tagId;
+    SidebarView* sidebar;
+    PromptListView* list;
+};
+
+} // namespace Quillstacks
