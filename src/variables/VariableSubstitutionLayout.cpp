@@ -51,7 +51,6 @@ VariableSubstitutionView::VariableSubstitutionView(QString title, QString body, 
     column->addWidget(previewDivider);
     buildFooter(column);
     refresh();
-    connect(&Theme::shared(), &Theme::changed, this, &VariableSubstitutionView::refresh);
 }
 
 void VariableSubstitutionView::buildHeader(QBoxLayout* column) {
@@ -121,6 +120,7 @@ void VariableSubstitutionView::buildFields(QBoxLayout* column) {
 void VariableSubstitutionView::buildFooter(QBoxLayout* column) {
     previewButton = new Button(QStringLiteral("Show Preview"), Button::Kind::borderless);
     previewButton->setObjectName(QStringLiteral("previewButton"));
+    previewButton->setTextColor(ColorRole::text2);
     connect(previewButton, &Button::clicked, this, &VariableSubstitutionView::togglePreview);
     auto* cancelButton = new Button(QStringLiteral("Cancel"));
     cancelButton->setObjectName(QStringLiteral("cancelButton"));
@@ -155,7 +155,6 @@ void VariableSubstitutionView::refresh() {
     copyButton->setEnabled(allVariablesFilled());
     previewButton->setTitle(previewShown ? QStringLiteral("Hide Preview") : QStringLiteral("Show Preview"));
     previewButton->setSymbol(previewShown ? QStringLiteral("eye.slash") : QStringLiteral("eye"), 16);
-    previewButton->setTextColor(Theme::shared().color(ColorRole::text2));
     previewDivider->setVisible(previewShown);
     // Only while it can be seen: the text may be long, and every key press comes here.
     if (previewShown)

@@ -25,7 +25,9 @@ int rowHeight() {
 
 VariablesList::VariablesList(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("VariablesList"));
-    setAccessibleTraits(this, {.role = QAccessible::StaticText});
+    AccessibleTraits traits;
+    traits.role = QAccessible::StaticText;
+    setAccessibleTraits(this, traits);
     announce();
     connect(&Theme::shared(), &Theme::changed, this, &QWidget::updateGeometry);
 }

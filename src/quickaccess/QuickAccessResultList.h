@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+namespace Quillstacks {
+
+class LazyList;
+class Prompt;
+class QuickAccessRow;
+
+/// The list of results in its two sections. It knows results by their index; the headings between them are its own.
+class QuickAccessResultList final : public QWidget {
+    Q_OBJECT
+public:
+    explicit QuickAccessResultList(QWidget* parent = nullptr);
+
+    /// The results, pinned ones first.
+    void setResults(const QList<Prompt*>& results, int selectedIndex);
+    void setSelectedIndex(int index);
+    /// Scrolls the row of a result into the middle, in 200 ms.
+    void follow(int index);
+    void scrollToTop();
+
+    /// The headings that are shown, from the top.
+    [[nodiscard]] QStringList sectionTitles() const;
+    /// The row of a result, or nullptr while it cannot be seen.
+    [[nodiscard]] QuickAccessRow* row(int index) const;
+    [[nodiscard]] LazyList* list() const { return rows; }
+
+Q_SIGNALS:
+    void clicked(int index);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    enum Kind { promptKind, headerKind };
+    struct Item {
+        Kind kind = promptKind;
+        int index = 0; ///< of the result, or the section's number
+    };
+    void installSource();
+    void bind(QWidget* row, int at);
+    void placeFade();
+    [[nodiscard]] int heightOf(int at, int width) const;
+    [[nodiscard]] int headerCount() const { return pinnedCount == 0 ? 0 : pinnedCount == results.size() ? 1 : 2; }
+    [[nodiscard]] Item itemAt(int at) const;
+    [[nodiscard]] int rowOf(int index) const;
+    [[nodiscard]] bool holds(int index) const { return index >= 0 && index < results.size(); }
+
+    LazyList* rows = nullptr;
+    QList<Prompt*> results;
+    qsizetype pinnedCount = 0;
+    int selected = 0;
+};
+
+} // namespace Quillstacks

@@ -1,0 +1,181 @@
+#include "QuickAccessView.h"
+
+#include "QuickAccessEmptyState.h"
+#include "QuickAccessResultList.h"
+#include "QuickAccessSearchRow.h"
+
+#include "foundation/MainQueue.h"
+#include "interface/Sheet.h"
+#include "interface/TextField.h"
+#include "library/ClipboardStep.h"
+#include "library/model/Prompt.h"
+#include "library/PromptSearch.h"
+#include "variables/engine/VariableEngine.h"
+#include "variables/FillInFlow.h"
+#include "variables/VariablePreferences.h"
+
+#include <algorithm>
+
+namespace Quillstacks {
+
+namespace {
+
+constexpr double focusRecoveryDelay = 0.1;
+
+QList<Prompt*> filtered(QList<Prompt*> prompts, bool pinned) {
+    prompts.removeIf([pinned](const Prompt* prompt) { return prompt->isPinned() != pinned; });
+    return prompts;
+}
+
+} // namespace
+
+QuickAccessView::QuickAccessView(ModelContext& context, std::function<void()> dismiss, QWidget* parent)
+    : QWidget(parent), prompts(context), close(std::move(dismiss)) {
+    setObjectName(QStringLiteral("QuickAccessView"));
+    setAccessibleName(QStringLiteral("Quick access"));
+    build();
+    connectParts();
+}
+
+QuickAccessView::~QuickAccessView() = default;
+
+QList<Prompt*> QuickAccessView::results() const {
+    QList<Prompt*> found = promptsMatching(prompts.records(), search);
+    sortPinnedFirst(found);
+    return found;
+}
+
+QList<Prompt*> QuickAccessView::pinnedResults() const {
+    return filtered(results(), true);
+}
+
+QList<Prompt*> QuickAccessView::otherResults() const {
+    return filtered(results(), false);
+}
+
+QString QuickAccessView::emptyText() const {
+    return search.isEmpty() ? QStringLiteral("Start typing to search") : QStringLiteral("No prompts found");
+}
+
+void QuickAccessView::appear() {
+    hasAppeared = true;
+    search.clear();
+    searchBar->field()->setText(QString());
+    selection = 0;
+    refresh();
+    list->scrollToTop();
+    MainQueue::async(this, [this] { setSearchFocused(true); });
+}
+
+void QuickAccessView::refresh() {
+    showResults(results());
+}
+
+void QuickAccessView::showResults(const QList<Prompt*>& shown) {
+    empty->setText(emptyText());
+    empty->setVisible(shown.isEmpty());
+    list->setVisible(!shown.isEmpty());
+    list->setResults(shown, selection);
+}
+
+void QuickAccessView::setSearchText(const QString& text) {
+    if (text == search)
+        return;
+    search = text;
+    if (searchBar->field()->text() != text)
+        searchBar->field()->setText(text);
+    // Once for all that a key causes: the library may be long.
+    const QList<Prompt*> found = results();
+    showResults(found);
+    if (selection == 0)
+        list->scrollToTop();
+    setSelectedIndex(0, static_cast<int>(found.size()));
+}
+
+void QuickAccessView::setSelectedIndex(int index, int count) {
+    if (index == selection)
+        return;
+    selection = index;
+    list->setSelectedIndex(index);
+    if (index >= 0 && index < count)
+        list->follow(index);
+}
+
+void QuickAccessView::moveUp() {
+    if (const auto count = static_cast<int>(results().size()); count > 0)
+        setSelectedIndex(std::max(selection - 1, 0), count);
+}
+
+void QuickAccessView::moveDown() {
+    if (const auto count = static_cast<int>(results().size()); count > 0)
+        setSelectedIndex(std::min(selection + 1, count - 1), count);
+}
+
+void QuickAccessView::chooseSelected() {
+    const QList<Prompt*> found = results();
+    if (selection >= 0 && selection < found.size())
+        choosePrompt(found.at(selection));
+}
+
+void QuickAccessView::choose(int index) {
+    const QList<Prompt*> found = results();
+    if (index < 0 || index >= found.size())
+        return;
+    setSelectedIndex(index, static_cast<int>(found.size()));
+    choosePrompt(found.at(index));
+}
+
+void QuickAccessView::escape() {
+    setSearchText(QString());
+    setSelectedIndex(0, 0);
+    close();
+}
+
+void QuickAccessView::choosePrompt(Prompt* prompt) {
+    if (enableVariableSubstitutionPreference().value() && !extractVariables(prompt->body()).isEmpty())
+        fillIn(prompt);
+    else
+        copy(prompt->body(), prompt->title());
+}
+
+void QuickAccessView::fillIn(Prompt* prompt) {
+    if (sheetShown)
+        return;
+    pending = prompt;
+    sheetShown = true;
+    FillInArea area;
+    area.rect = [this] { return QRect(mapTo(window(), cardRect().topLeft()), cardRect().size()); };
+    area.radius = cardRadius();
+    presentFillIn(
+        this, prompt->title(), prompt->body(),
+        // The title is kept: the prompt may be deleted in the main window while the sheet is open.
+        [this, title = prompt->title()](const QString& filled) { copy(filled, title); },
+        [this] {
+            sheetShown = false;
+            pending = nullptr;
+        },
+        std::move(area));
+}
+
+void QuickAccessView::copy(const QString& text, const QString& title) {
+    ClipboardStep::copyPromptText(text, title);
+    sheetShown = false;
+    pending = nullptr;
+    setSearchText(QString());
+    setSelectedIndex(0, 0);
+    close();
+}
+
+// The keyboard always comes back to the search field, whatever took it. Under a sheet only the flag does; the sheet
+// gives the field the keyboard when it goes.
+void QuickAccessView::setSearchFocused(bool focused) {
+    if (focused == searchFocused)
+        return;
+    searchFocused = focused;
+    if (!focused)
+        MainQueue::after(focusRecoveryDelay, this, [this] { setSearchFocused(true); });
+    else if (!Sheet::covers(this))
+        searchBar->field()->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace Quillstacks
