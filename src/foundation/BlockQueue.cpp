@@ -82,9 +82,12 @@ BlockQueue::Entry BlockQueue::takeFirst() {
 
 void BlockQueue::arm() {
     const nanoseconds due = nextDue();
-    // Before there is an application no timer can run; the first block inserted later starts it.
-    if (due == nanoseconds::max() || !QCoreApplication::instance())
+    if (due == nanoseconds::max())
         return timer.stop();
+    if (!QCoreApplication::instance()) { // no timer runs yet; the loop's first turn starts it
+        QMetaObject::invokeMethod(this, &BlockQueue::arm, Qt::QueuedConnection);
+        return;
+    }
     constexpr std::chrono::milliseconds longest = std::chrono::hours(24);
     const auto rest = std::chrono::ceil<std::chrono::milliseconds>(due - Clock::uptime());
     timer.start(std::clamp(rest, std::chrono::milliseconds::zero(), longest));

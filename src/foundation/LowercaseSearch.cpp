@@ -89,21 +89,26 @@ std::optional<LowercaseSearch::Anchor> LowercaseSearch::anchorAt(QStringView ter
     return anchor;
 }
 
+/// Takes the two units that are likely to be the rarest in a text.
 void LowercaseSearch::chooseAnchors() {
     // Behind a unit that may be one of two from a single character, the places in the text are not known.
-    const qsizetype end = mayExpand ? std::min<qsizetype>(term.size(), 1) : term.size();
-    for (qsizetype offset = 0; offset < end && !first; ++offset)
-        first = anchorAt(term, offset);
-    second = first;
-    // Two different units tell more than two equal ones.
-    for (qsizetype offset = end - 1; first && offset > first->offset; --offset) {
-        if (term[offset] == term[first->offset])
-            continue;
-        if (const auto anchor = anchorAt(term, offset)) {
+    const qsizetype end = std::min<qsizetype>(term.size(), mayExpand ? 1 : 32);
+    const auto rarity = [this](const std::optional<Anchor>& anchor) {
+        constexpr QStringView commonest = u" etaoinshrdlcumwfgypbvk";
+        const qsizetype place = anchor ? commonest.indexOf(term[anchor->offset]) : -2;
+        return place == -1 ? commonest.size() : place;
+    };
+    for (qsizetype offset = 0; offset < end; ++offset) {
+        const auto anchor = anchorAt(term, offset);
+        if (rarity(anchor) > rarity(first)) {
+            second = first;
+            first = anchor;
+        } else if (anchor && term[offset] != term[first->offset] && rarity(anchor) > rarity(second)) {
             second = anchor;
-            return;
         }
     }
+    if (!second)
+        second = first;
 }
 
 bool LowercaseSearch::isIn(QStringView text) const {

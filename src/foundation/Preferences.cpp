@@ -148,7 +148,7 @@ void Preferences::write() {
     const auto failed = [this](const QString& reason) {
         Log::general.error(QStringLiteral("Preferences can't be written: %1 (%2)").arg(path, reason));
     };
-    if (unusable && !setAside(path))
+    if (unusable && QFileInfo::exists(path) && !setAside(path))
         return failed(QStringLiteral("the unreadable file can't be set aside"));
     unusable = false;
     // The file behind a link is the one to replace, not the link.

@@ -79,6 +79,13 @@ TEST(Text, comparesAsAPersonWould) {
     EXPECT_EQ(Text::localizedStandardCompare(u"x", u"x"), 0);
 }
 
+TEST(Text, aNullTextIsAnEmptyOne) {
+    EXPECT_EQ(Text::lowercased(QStringView()), QString());
+    EXPECT_EQ(Text::trimmed(QStringView()), QString());
+    EXPECT_LT(Text::localizedStandardCompare(QStringView(), u"a"), 0);
+    EXPECT_EQ(Text::localizedStandardCompare(QStringView(), u""), 0);
+}
+
 TEST(Text, whatCollatesAsEqualStillHasAnOrder) {
     const int order = Text::localizedStandardCompare(u"Item 1", u"Item 01");
     EXPECT_NE(order, 0);

@@ -182,9 +182,9 @@ TEST(VariableEngine, tenMegabytesOfAnythingWork) {
     EXPECT_EQ(extractVariables(name), QStringList(name.mid(1, length)));
     EXPECT_EQ(variableTokenMatches(name).size(), 1);
     EXPECT_TRUE(names(name.chopped(1)).isEmpty());
-    const QString many = QStringLiteral("{{a}}{b}").repeated(length / 8);
+    const QString many = QStringLiteral("{{a}}{b}").repeated(100'000);
     EXPECT_EQ(names(many), list({u"a", u"b"}));
-    EXPECT_EQ(variableTokenMatches(many).size(), length / 4);
+    EXPECT_EQ(variableTokenMatches(many).size(), 200'000);
     EXPECT_TRUE(names(QString(length, QLatin1Char('{'))).isEmpty());
     EXPECT_TRUE(names(QString(length, QLatin1Char('"'))).isEmpty());
 }
