@@ -88,6 +88,10 @@ struct FakeDesktop final {
     };
     [[nodiscard]] StatusItemContents contentsOf(const StatusItem* item) const;
 
+    // Application
+    bool takesActivationPolicy = true;    ///< what setActivationPolicy() answers
+    std::function<void()> askToTerminate; ///< what a signal from outside does
+
     // SingleInstance
     bool hasSessionBus = true;
     bool isAlreadyRunning = false;          ///< start() then hands over
