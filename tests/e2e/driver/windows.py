@@ -1,0 +1,126 @@
+"""The windows that the window manager knows."""
+import re
+import subprocess
+import time
+from dataclasses import dataclass
+
+from .waiting import until
+
+
+def _output(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=False).stdout
+
+
+def _number(window):
+    return int(window, 16) if window else 0
+
+
+@dataclass(frozen=True)
+class Area:
+    x: int
+    y: int
+    width: int
+    height: int
+
+    @property
+    def centre(self):
+        return self.x + self.width // 2, self.y + self.height // 2
+
+
+@dataclass(frozen=True)
+class Window:
+    number: int
+    name: str
+    pid: int
+
+    def _property(self, name):
+        return _output("xprop", "-id", str(self.number), "-notype", name)
+
+    @property
+    def states(self):
+        """As in _NET_WM_STATE, without that prefix: {"ABOVE", "SKIP_TASKBAR"}."""
+        return set(re.findall(r"_NET_WM_STATE_(\w+)", self._property("_NET_WM_STATE")))
+
+    @property
+    def window_class(self):
+        return re.findall(r'"([^"]*)"', self._property("WM_CLASS"))
+
+    @property
+    def desktop(self):
+        found = re.search(r"= (\d+)", self._property("_NET_WM_DESKTOP"))
+        return int(found[1]) if found else None
+
+    @property
+    def area(self):
+        """The window without what the window manager puts around it."""
+        text = _output("xwininfo", "-id", str(self.number))
+        value = {name: int(number) for name, number in re.findall(r"(Absolute upper-left X|Absolute upper-left Y|Width|"
+                                                                  r"Height): +(-?\d+)", text)}
+        return Area(value["Absolute upper-left X"], value["Absolute upper-left Y"], value["Width"], value["Height"])
+
+    @property
+    def is_visible(self):
+        return "Map State: IsViewable" in _output("xwininfo", "-id", str(self.number))
+
+    @property
+    def is_active(self):
+        return active() == self.number
+
+    @property
+    def has_keyboard(self):
+        """Both opinions must agree: the window manager's, and the server's on where keys go."""
+        return self.is_active and focused() == self.number
+
+
+def active():
+    found = re.search(r"0x[0-9a-f]+", _output("xprop", "-root", "-notype", "_NET_ACTIVE_WINDOW"))
+    return _number(found[0]) if found else 0
+
+
+def focused():
+    """The window that gets the keys, or the managed one around it."""
+    text = _output("xdotool", "getwindowfocus").strip()
+    return int(text) if text.isdigit() else 0
+
+
+def listed(pid=None):
+    """The managed windows, in the order of their mapping; those of one process where it is given."""
+    numbers = re.findall(r"0x[0-9a-f]+", _output("xprop", "-root", "-notype", "_NET_CLIENT_LIST"))
+    found = []
+    for number in numbers:
+        text = _output("xprop", "-id", number, "-notype", "_NET_WM_NAME", "WM_NAME", "_NET_WM_PID")
+        owner = re.search(r"_NET_WM_PID = (\d+)", text)
+        name = re.search(r'WM_NAME = "(.*)"', text)
+        window = Window(_number(number), name[1] if name else "", int(owner[1]) if owner else 0)
+        if pid is None or window.pid == pid:
+            found.append(window)
+    return found
+
+
+def find(name, pid=None):
+    """The visible window of that title, or None."""
+    return next((window for window in listed(pid) if window.name == name and window.is_visible), None)
+
+
+def wait_for(name, pid=None, limit=None):
+    return until(lambda: find(name, pid), f"a window named “{name}”", limit)
+
+
+def wait_gone(name, pid=None):
+    until(lambda: find(name, pid) is None, f"the window named “{name}” to be gone")
+
+
+def screenshot(path):
+    subprocess.run(["import", "-window", "root", str(path)], check=True)
+
+
+def settle(limit=3.0):
+    """Waits until two looks at the screen in a row are alike, so that no picture is taken in the middle of a fade; a
+    blinking cursor may go on."""
+    end = time.monotonic() + limit
+    before = None
+    while time.monotonic() < end:
+        now = subprocess.run(["import", "-window", "root", "-depth", "8", "rgb:-"], capture_output=True, check=True).stdout
+        if now == before:
+            return
+        before = now

@@ -1,0 +1,40 @@
+"""A preferences file that can't be read, or holds values of other types."""
+import json
+import unittest
+
+from driver import keyboard, person
+from driver.desktop_case import DesktopCase
+
+
+class Preferences(DesktopCase):
+    def put(self, text):
+        self.home.preferences.parent.mkdir(mode=0o700)
+        self.home.preferences.write_text(text)
+
+    def test_a_broken_file_is_set_aside_and_the_defaults_hold(self):
+        broken = '{"appearanceMode": "light", '
+        self.put(broken)
+        program = self.started()
+        person.call_panel(program)
+        aside = [file for file in self.home.preferences.parent.iterdir() if file != self.home.preferences]
+        self.assertEqual([file.read_text() for file in aside], [broken])
+        program.logs(str(aside[0]))
+
+    def test_a_hot_key_of_another_type_is_the_default_one(self):
+        self.put(json.dumps({"globalHotkeyKeyCode": "a text", "globalHotkeyModifiers": True}))
+        program = self.started()
+        program.logs("Hotkey registered - keyCode: 49, modifiers: 768")
+        person.call_panel(program)
+
+    def test_a_stored_hot_key_is_the_one_that_works(self):
+        option_and_command, key_of_k = 0x180000, 40
+        self.put(json.dumps({"globalHotkeyKeyCode": key_of_k, "globalHotkeyModifiers": option_and_command}))
+        program = self.started()
+        program.logs("Hotkey registered - keyCode: 40, modifiers: 2304")
+        keyboard.press_hot_key()
+        keyboard.press("ctrl+alt+k")
+        program.wait_for_panel()
+
+
+if __name__ == "__main__":
+    unittest.main()
