@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"nonCharactersAndSeparators", text({0xFDD0, 0xFDD1, 0x2028, 0x2029, 0x85, 0xA0})},
                     Case{"everyUnit", everyUnit()}, Case{"long", QString(300'000, QLatin1Char('x'))},
                     Case{"statement", QStringLiteral("'; DROP TABLE prompts; --")}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& named) { return named.param.name; });
 
 TEST(Store, aPromptWithNoTagsAndEmptyTitleAndBodyCanBeStored) {
     TestLibrary library;
