@@ -52,6 +52,10 @@ QuickAccessView* QuickAccessWindowManager::rootView() const {
     return panel ? panel->rootView() : nullptr;
 }
 
+QuickAccessPanel* QuickAccessWindowManager::windowController() const {
+    return panel;
+}
+
 bool QuickAccessWindowManager::isVisible() const {
     return panel && panel->isVisible();
 }

@@ -38,7 +38,7 @@ public:
     void prepare();
 
     /// The panel; nullptr until it was first needed, and kept from then on, also while it is closed.
-    [[nodiscard]] QuickAccessPanel* windowController() const { return panel; }
+    [[nodiscard]] QuickAccessPanel* windowController() const;
     /// The view in the panel; nullptr before there is one.
     [[nodiscard]] QuickAccessView* rootView() const;
 

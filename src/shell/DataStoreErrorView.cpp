@@ -38,8 +38,10 @@ Label* centred(const QString& text, TextStyle style, ColorRole role) {
 }
 
 Card* panel(qreal radius) {
-    const auto ground = [] { return Theme::shared().tint(ColorRole::text2, 0.1); };
-    auto* card = new Card(Card::Look{radius, ground, {}, false});
+    Card::Look look;
+    look.radius = radius;
+    look.ground = [] { return Theme::shared().tint(ColorRole::text2, 0.1); };
+    auto* card = new Card(look);
     card->setFixedWidth(panelWidth);
     return card;
 }

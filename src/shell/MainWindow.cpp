@@ -4,6 +4,7 @@
 #include "interface/OverlayScrollBar.h"
 #include "interface/Sheet.h"
 #include "interface/Theme.h"
+#include "library/model/ModelContainer.h"
 #include "library/PromptListView.h"
 #include "mainwindow/ContentView.h"
 #include "platform/Windows.h"
@@ -27,6 +28,7 @@ namespace {
 /// Holds whatever the window shows at no less than the smallest size, so that a lower window scrolls it.
 class Frame final : public QWidget {
 public:
+    using QWidget::QWidget;
     [[nodiscard]] QSize minimumSizeHint() const override {
         return QWidget::minimumSizeHint().expandedTo(MainWindow::smallestSize);
     }
@@ -71,9 +73,8 @@ void MainWindow::open() {
 void MainWindow::openNewPrompt() {
     open();
     // Under a sheet everything is inert, this included; what is being written there comes first.
-    auto* list = Sheet::top(this) ? nullptr : findChild<PromptListView*>();
-    if (list)
-        list->newPrompt();
+    if (contentView() && !Sheet::top(this))
+        contentView()->promptList().newPrompt();
 }
 
 void MainWindow::setVisible(bool visible) {
@@ -87,22 +88,23 @@ void MainWindow::setVisible(bool visible) {
 }
 
 void MainWindow::buildContent() {
-    auto* frame = new Frame;
+    // Born in its place: a later change of parent would lose the focus that the content gives itself.
+    auto* frame = new Frame(area->viewport());
     auto* layers = new QVBoxLayout(frame);
     layers->setContentsMargins(0, 0, 0, 0);
-    layers->addWidget(makeContent());
+    layers->addWidget(makeContent(frame));
     if (store.container)
         new WindowAccessor([](QWidget* window) { MainWindowFocusManager::shared().registerWindow(window); }, frame);
     content = frame;
     area->setWidget(frame);
 }
 
-QWidget* MainWindow::makeContent() {
+QWidget* MainWindow::makeContent(QWidget* parent) const {
     if (store.container)
-        return new ContentView(*store.container);
+        return new ContentView(store.container->mainContext(), parent);
     if (store.error)
-        return new DataStoreErrorView(store.error);
-    auto* progress = new Label(QStringLiteral("Initializing..."), TextStyle::body, ColorRole::text2);
+        return new DataStoreErrorView(store.error, parent);
+    auto* progress = new Label(QStringLiteral("Initializing..."), TextStyle::body, ColorRole::text2, parent);
     progress->setTextAlignment(Qt::AlignCenter);
     return progress;
 }

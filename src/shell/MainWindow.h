@@ -46,7 +46,7 @@ protected:
 
 private:
     void buildContent();
-    [[nodiscard]] QWidget* makeContent();
+    [[nodiscard]] QWidget* makeContent(QWidget* parent) const;
     void appear();
     void disappear();
 

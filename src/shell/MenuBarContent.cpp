@@ -21,8 +21,8 @@ MenuBarContent::MenuBarContent(std::function<void()> opensWindow, QObject* paren
     : QObject(parent), openWindow(std::move(opensWindow)), items(std::make_unique<QMenu>()) {
     build();
     updateShortcut();
-    HotkeyPreferences::modifiers.observe(this, [this] { updateShortcut(); });
-    HotkeyPreferences::keyCode.observe(this, [this] { updateShortcut(); });
+    globalHotkeyModifiersPreference().observe(this, [this] { updateShortcut(); });
+    globalHotkeyKeyCodePreference().observe(this, [this] { updateShortcut(); });
 }
 
 MenuBarContent::~MenuBarContent() = default;
@@ -38,8 +38,8 @@ QIcon MenuBarContent::icon() {
 }
 
 QString MenuBarContent::shortcutText() const {
-    return shortcutDisplayString(static_cast<quint64>(HotkeyPreferences::modifiers.value()),
-                                 HotkeyPreferences::keyCode.value());
+    return shortcutDisplayString(static_cast<quint64>(globalHotkeyModifiersPreference().value()),
+                                 globalHotkeyKeyCodePreference().value());
 }
 
 void MenuBarContent::build() {
