@@ -67,7 +67,10 @@ Store::Store(const QString& path) : filePath(path) {
             StoreFile::create(filePath);
             claim.emplace(filePath);
         }
-        lookFirst();
+        if (!lookFirst()) {
+            turnLogOn();
+            lookFirst();
+        }
         const StoreFile::Signature looked = StoreFile::signature(filePath);
         StoreFile::makePrivate(filePath);
         openForGood();
@@ -90,8 +93,9 @@ Store::Store(const QString& path) : filePath(path) {
 
 Store::~Store() = default;
 
-/// In the exclusive mode SQLite keeps its index of the log in memory, so this look leaves no trace in any file.
-void Store::lookFirst() {
+/// In the exclusive mode SQLite keeps its index of the log in memory, so this look leaves no trace in any file. Tells
+/// whether the write-ahead log is on.
+bool Store::lookFirst() {
     const SideFiles sideFiles(filePath);
     SQLite::Database look(QFile::encodeName(filePath).constData(), SQLite::OPEN_READWRITE);
     setWriteBackOnClose(look, false);
@@ -101,10 +105,17 @@ void Store::lookFirst() {
         refuseUnknownVersion(look, filePath);
         if (StoreSchema::version(look) == StoreSchema::currentVersion())
             records = StoreReader::readAll(look);
+        return look.execAndGet("PRAGMA journal_mode").getString() == "wal";
     } catch (...) {
         sideFiles.clear();
         throw;
     }
+}
+
+/// A sound store may be without it, as the copy is that is made before an upgrade.
+void Store::turnLogOn() {
+    SQLite::Database open(QFile::encodeName(filePath).constData(), SQLite::OPEN_READWRITE);
+    open.exec("PRAGMA journal_mode=WAL");
 }
 
 void Store::openForGood() {
@@ -124,7 +135,6 @@ void Store::openForGood() {
 
 /// The first read comes before the exclusive mode: only then does SQLite keep "-shm" in the exclusive mode, too.
 void Store::hold() {
-    database->exec("PRAGMA journal_mode=WAL");
     database->execAndGet("SELECT count(*) FROM sqlite_schema");
     database->exec("PRAGMA locking_mode=EXCLUSIVE");
     SQLite::Transaction lock(*database, SQLite::TransactionBehavior::IMMEDIATE);

@@ -35,7 +35,8 @@ public:
     void write(const PendingChanges& changes);
 
 private:
-    void lookFirst();
+    bool lookFirst();
+    void turnLogOn();
     void openForGood();
     void hold();
 
