@@ -9,6 +9,7 @@
 #
 #   DESKTOP_WM      the window manager: "openbox --sm-disable" (the default), "xfwm4 --compositor=off", "none"
 #   DESKTOP_SCREEN  width x height x depth, by default 1440x900x24
+#   DESKTOP_ASSIST  "no" where nobody uses assistive tools: programs are as quick as that makes them, but out of reach
 set -euo pipefail
 
 folder_setup() {
@@ -28,7 +29,9 @@ environment_setup() {
     unset DESKTOP_STARTUP_ID XDG_ACTIVATION_TOKEN XMODIFIERS QT_IM_MODULE GTK_IM_MODULE
     unset QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE QT_SCREEN_SCALE_FACTORS QT_FONT_DPI
     export XDG_SESSION_TYPE=x11 QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR="${QT_SCALE_FACTOR:-1}"
-    export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0 GSETTINGS_BACKEND=memory LC_ALL=C.UTF-8
+    export NO_AT_BRIDGE=0 GSETTINGS_BACKEND=memory LC_ALL=C.UTF-8
+    unset QT_LINUX_ACCESSIBILITY_ALWAYS_ON
+    [ "${DESKTOP_ASSIST:-yes}" = no ] || export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 }
 
 # Starts a part of the desktop, which then dies with this script, whatever ends the script.
@@ -86,6 +89,7 @@ CONF
 start_assistive_bus() {
     local address
     address=$(dbus-send --session --print-reply=literal --dest=org.a11y.Bus /org/a11y/bus org.a11y.Bus.GetAddress)
+    [ "${DESKTOP_ASSIST:-yes}" != no ] || return 0
     dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus org.freedesktop.DBus.Properties.Set \
         string:org.a11y.Status string:IsEnabled variant:boolean:true >/dev/null
     dbus-send --bus="${address//[[:space:]]/}" --print-reply --dest=org.a11y.atspi.Registry \
@@ -126,7 +130,7 @@ end() {
 }
 
 if [ $# -eq 0 ]; then
-    sed -n '2,11{s/^# \{0,1\}//;p}' "${BASH_SOURCE[0]}" >&2
+    sed -n '2,12{s/^# \{0,1\}//;p}' "${BASH_SOURCE[0]}" >&2
     exit 2
 fi
 
