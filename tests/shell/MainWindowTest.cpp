@@ -7,6 +7,8 @@
 #include "shell/DataStoreErrorView.h"
 #include "ShellFixture.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QPointer>
 #include <QScreen>
 
@@ -15,6 +17,11 @@ namespace {
 
 class MainScene : public ShellFixture {
 protected:
+    static Sheet* presentSheet(MainWindow& window) {
+        Sheet::Options options;
+        options.accessibleName = QStringLiteral("Writing");
+        return Sheet::present(window.contentView(), std::make_unique<QWidget>(), options);
+    }
     const std::unique_ptr<ModelContainer> container = makeContainer();
     const std::exception_ptr error =
         std::make_exception_ptr(DataStoreError(DataStoreError::Case::cannotAccessApplicationSupport));
@@ -110,8 +117,7 @@ TEST_F(MainScene, aSheetThatIsOpenWhenTheWindowClosesIsThereWhenItOpensAgain) {
     MainWindow window({container.get(), {}});
     window.open();
     const QPointer<ContentView> content = window.contentView();
-    const QPointer<Sheet> sheet = Sheet::present(window.contentView(), std::make_unique<QWidget>(),
-                                                 {.accessibleName = QStringLiteral("Writing")});
+    const QPointer<Sheet> sheet = presentSheet(window);
     window.close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     window.open();
@@ -146,8 +152,7 @@ TEST_F(MainScene, aNewPromptOpensTheWindowAndAnEditorInIt) {
 TEST_F(MainScene, aNewPromptUnderASheetLeavesThatSheetOnTop) {
     MainWindow window({container.get(), {}});
     window.open();
-    const Sheet* sheet = Sheet::present(window.contentView(), std::make_unique<QWidget>(),
-                                        {.accessibleName = QStringLiteral("Writing")});
+    const Sheet* sheet = presentSheet(window);
     window.openNewPrompt();
     EXPECT_EQ(Sheet::top(&window), sheet);
 }
