@@ -4,8 +4,8 @@
 #include "x11/PanelHints.h"
 #include "x11/SelectionWatch.h"
 
+#include <QApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QPainterPath>
 #include <QPointer>
 #include <QRegion>
@@ -32,16 +32,17 @@ X11::SelectionWatch* compositorWatch() {
     return watch;
 }
 
-void setUserTime(xcb_window_t window, quint32 time) {
-    if (time != 0)
-        X11::setCardinals(window, "_NET_WM_USER_TIME", &time, 1);
-}
-
 void sendActivate(xcb_window_t window, quint32 time) {
     xcb_client_message_data_t data{};
     data.data32[0] = sourceUser;
     data.data32[1] = time;
     X11::sendToWindowManager(window, "_NET_ACTIVE_WINDOW", data);
+}
+
+/// The toolkit takes 0.4 s to believe that a hidden window has lost the focus. Shown again within that time, the window
+/// gets it back and nobody tells its widgets, which would take no keys.
+bool isFocusedWhileHidden(const QWidget* window) {
+    return !window->isVisible() && window->windowHandle() && QGuiApplication::focusWindow() == window->windowHandle();
 }
 
 } // namespace
@@ -52,13 +53,15 @@ void preparePanel(QWidget* panel) {
 }
 
 void showAndActivate(QWidget* window, quint32 eventTime) {
-    const bool x11 = X11::connection() != nullptr;
-    if (x11)
-        setUserTime(X11::nativeWindow(window), eventTime);
+    const bool isStale = isFocusedWhileHidden(window);
     window->show();
     window->raise();
     window->activateWindow();
-    if (x11)
+    if (isStale)
+        QApplication::setActiveWindow(window);
+    // The time of the user's action in the window's own hints needs no help: the toolkit writes the newest that it has
+    // seen, the press of the hot key included.
+    if (X11::connection())
         sendActivate(X11::nativeWindow(window), eventTime);
 }
 

@@ -21,6 +21,7 @@ struct ModifierMap final {
     [[nodiscard]] std::optional<quint16> xModifiers(quint32 hotKeyModifiers) const;
     /// Every combination of the lock bits, none included, but for bits that the hot key itself asks for.
     [[nodiscard]] std::vector<quint16> lockCombinations(quint16 modifiers) const;
+    friend bool operator==(const ModifierMap&, const ModifierMap&) = default;
 };
 
 } // namespace Quillstacks

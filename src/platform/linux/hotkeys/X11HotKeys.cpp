@@ -44,7 +44,7 @@ HotKeys::Status X11HotKeys::grab(HotKeys::HotKeyRef ref, quint32 keyCode, quint3
     const auto evdev = VirtualKeys::evdevFromVirtual(keyCode);
     if (!evdev)
         return HotKeys::eventHotKeyInvalidErr;
-    modifierMap = ModifierMap::read(connection);
+    readMapAgain();
     Grab added{.ref = ref, .key = static_cast<xcb_keycode_t>(*evdev + evdevOffset), .wanted = modifiers};
     const HotKeys::Status status = take(added);
     if (status == HotKeys::noErr)
@@ -84,9 +84,11 @@ HotKeys::Status X11HotKeys::take(Grab& grab) {
 void X11HotKeys::letGo(Grab& grab) {
     if (!grab.xModifiers)
         return;
+    xcb_void_cookie_t last{};
     for (const quint16 lock : modifierMap.lockCombinations(*grab.xModifiers))
-        xcb_ungrab_key(connection, grab.key, root, static_cast<quint16>(*grab.xModifiers | lock));
-    xcb_flush(connection);
+        last = xcb_ungrab_key_checked(connection, grab.key, root, static_cast<quint16>(*grab.xModifiers | lock));
+    // Waits for the server: on return the combination is free for others.
+    std::free(xcb_request_check(connection, last));
     grab.xModifiers.reset();
 }
 
@@ -97,6 +99,10 @@ bool X11HotKeys::nativeEventFilter(const QByteArray& eventType, void* message, q
     const int type = event->response_type & 0x7f;
     if (type == XCB_KEY_PRESS)
         return keyPressed(*reinterpret_cast<const xcb_key_press_event_t*>(event));
+    // While a hot key is down, its grab takes the focus from the window that has it, and gives it back. The toolkit
+    // would believe that within 0.4 s and take the program for inactive.
+    if (type == XCB_FOCUS_OUT && !grabs.empty())
+        return reinterpret_cast<const xcb_focus_out_event_t*>(event)->mode == XCB_NOTIFY_MODE_GRAB;
     if (type == XCB_KEY_RELEASE)
         keyReleased(*reinterpret_cast<const xcb_key_release_event_t*>(event));
     // The core protocol's own notice of a changed mapping never comes to a client that has chosen this extension, as
@@ -116,21 +122,19 @@ bool X11HotKeys::keyPressed(const xcb_key_press_event_t& event) {
     });
     if (found == grabs.end())
         return false;
-    // A key that repeats comes as a release and a press of the same moment.
-    const bool isRepeat = found->isDown || found->releaseTime == event.time;
-    found->isDown = true;
+    // A key that repeats comes as a release and a press of the same moment. Whether the key counts as down is not kept:
+    // a release that never came would make the hot key dead.
+    const bool isRepeat = lastReleasedKey == event.detail && lastReleaseTime == event.time;
     if (!isRepeat)
         Q_EMIT pressed(found->ref, event.time);
-    return true;
+    // A press while another program has the focus comes to the root window. The toolkit does nothing with that but to
+    // note its time, and a window that is shown next needs that time to be let to the front.
+    return event.event != root;
 }
 
 void X11HotKeys::keyReleased(const xcb_key_release_event_t& event) {
-    for (Grab& grab : grabs) {
-        if (grab.key != event.detail || !grab.isDown)
-            continue;
-        grab.isDown = false;
-        grab.releaseTime = event.time;
-    }
+    lastReleasedKey = event.detail;
+    lastReleaseTime = event.time;
 }
 
 void X11HotKeys::mappingChanged() {
@@ -138,17 +142,20 @@ void X11HotKeys::mappingChanged() {
     const quint32 mine = ++mappingChanges;
     MainQueue::after(mappingQuiet, this, [this, mine] {
         if (mine == mappingChanges)
-            takeAllAgain();
+            readMapAgain();
     });
 }
 
-void X11HotKeys::takeAllAgain() {
-    for (Grab& grab : grabs)
-        letGo(grab);
-    modifierMap = ModifierMap::read(connection);
+void X11HotKeys::readMapAgain() {
+    const ModifierMap now = ModifierMap::read(connection);
+    // Most changes are of the layout and leave the grabs good; letting go of them even for a moment could lose them.
+    if (now != modifierMap)
+        std::ranges::for_each(grabs, [this](Grab& grab) { letGo(grab); });
+    modifierMap = now;
     // One that cannot be had under the new map stays known, and is tried again at the next change.
     for (Grab& grab : grabs)
-        std::ignore = take(grab);
+        if (!grab.xModifiers)
+            std::ignore = take(grab);
 }
 
 } // namespace Quillstacks

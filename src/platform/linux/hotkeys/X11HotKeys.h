@@ -34,8 +34,6 @@ private:
         xcb_keycode_t key = 0;
         quint32 wanted = 0;                               ///< the hot key's own modifiers
         std::optional<quint16> xModifiers = std::nullopt; ///< empty while not grabbed
-        bool isDown = false;
-        quint32 releaseTime = 0;
     };
 
     [[nodiscard]] HotKeys::Status take(Grab& grab);
@@ -43,7 +41,7 @@ private:
     [[nodiscard]] bool keyPressed(const xcb_key_press_event_t& event);
     void keyReleased(const xcb_key_release_event_t& event);
     void mappingChanged();
-    void takeAllAgain();
+    void readMapAgain();
 
     xcb_connection_t* connection = nullptr;
     xcb_window_t root = XCB_WINDOW_NONE;
@@ -51,6 +49,8 @@ private:
     std::vector<Grab> grabs;
     quint8 xkbEvent = 0; ///< 0: the server has no such extension
     quint32 mappingChanges = 0;
+    xcb_keycode_t lastReleasedKey = 0;
+    quint32 lastReleaseTime = 0;
 };
 
 } // namespace Quillstacks

@@ -56,9 +56,11 @@ xcb_window_t nativeWindow(QWidget* widget) {
 }
 
 void setCardinals(xcb_window_t window, const char* property, const uint32_t* values, uint32_t count) {
-    if (auto* server = connection())
-        xcb_change_property(server, XCB_PROP_MODE_REPLACE, window, atom(property), XCB_ATOM_CARDINAL, 32, count,
-                            values);
+    auto* server = connection();
+    if (!server)
+        return;
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, window, atom(property), XCB_ATOM_CARDINAL, 32, count, values);
+    xcb_flush(server);
 }
 
 void sendToWindowManager(xcb_window_t window, const char* message, const xcb_client_message_data_t& data) {

@@ -39,7 +39,8 @@ bool SelectionWatch::nativeEventFilter(const QByteArray& eventType, void* messag
     if ((event->response_type & 0x7f) != notifyEvent)
         return false;
     const auto* notice = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
-    if (notice->selection == selection)
+    // The toolkit watches some selections as well, for windows of its own, and its notices pass here too.
+    if (notice->selection == selection && notice->window == root())
         Q_EMIT changed();
     return false;
 }
