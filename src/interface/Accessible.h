@@ -14,7 +14,6 @@ struct AccessibleTraits {
     std::function<void()> press;      ///< the widget's main action, where it has one
     std::function<bool()> isChecked;  ///< where it is checkable
     std::function<bool()> isSelected; ///< where it is selectable
-    std::function<int()> childCount; ///< of a list whose rows exist only while they can be seen; unset for the real one
 };
 
 /// Gives a widget its traits. Its name stays its accessibleName. Say it once, at its making.

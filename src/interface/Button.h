@@ -1,5 +1,6 @@
 #pragma once
 
+#include "interface/ColorRole.h"
 #include "interface/Transition.h"
 
 #include <QAbstractButton>
@@ -33,7 +34,7 @@ public:
     /// A symbol before the text, `points` wide; an empty name for none.
     void setSymbol(const QString& name, qreal points = 15);
     /// In place of the kind's own colour; an empty one gives it back.
-    void setTextColor(std::optional<QColor> color);
+    void setTextColor(std::optional<ColorRole> role);
     /// The one prominent button of a sheet or window, which answers Return.
     void setDefault(bool isDefault);
     [[nodiscard]] bool isDefault() const { return answersReturn; }
@@ -65,7 +66,7 @@ private:
     Size currentSize = Size::regular;
     QString symbol;
     qreal symbolSize = 15;
-    std::optional<QColor> textColor;
+    std::optional<ColorRole> textColor;
     bool answersReturn = false;
     Transition hover;
     Transition press;

@@ -19,7 +19,6 @@ public:
         qreal radius = 12;
         std::function<QColor()> ground;
         std::function<QColor()> edge;
-        bool shadow = false;
     };
     explicit Card(QWidget* parent = nullptr);
     Card(Look look, QWidget* parent = nullptr);

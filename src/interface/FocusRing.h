@@ -10,9 +10,13 @@ namespace Quillstacks {
 class FocusRing final : public QWidget {
     Q_OBJECT
 public:
-    /// Shows a ring round `control` whenever it has keyboard focus. `radius` is that of the control.
-    static void attach(QWidget* control, qreal radius);
-    /// Whether the focus that `control` has came by key, so that a ring is shown.
+    enum class Manner {
+        control, ///< when the focus came by key, with a gap
+        field    ///< whenever it has the focus, in place of its edge
+    };
+    /// Shows a ring round `control` whenever it has the keyboard. `radius` is that of the control.
+    static void attach(QWidget* control, qreal radius, Manner manner = Manner::control);
+    /// Whether a ring is shown round it now.
     [[nodiscard]] static bool isShownFor(const QWidget* control);
 
 protected:
@@ -21,11 +25,13 @@ protected:
 
 private:
     friend class FocusRingWatcher;
-    explicit FocusRing(QWidget* control, qreal radius);
+    FocusRing(QWidget* control, qreal radius, Manner manner);
+    static QWidget* ground(const QWidget* control);
     void follow();
 
     QPointer<QWidget> control;
     qreal radius;
+    qreal gap;
 };
 
 } // namespace Quillstacks

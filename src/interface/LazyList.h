@@ -26,6 +26,7 @@ public:
         std::function<void(QWidget* row, int index)> bind;       ///< fills a row; also gives it its accessible name
         std::function<int(int index)> kind;                      ///< unset: all are of kind 0
         std::function<void(QWidget* row, bool hovered)> hover;   ///< the pointer came or went; may be unset
+        std::function<bool(int index)> isSelected;               ///< for assistive tools; may be unset
     };
     LazyList(const QString& accessibleName, QWidget* parent = nullptr);
     ~LazyList() override;
@@ -34,6 +35,9 @@ public:
     void setGap(int pixels);
     /// Around all rows.
     void setPadding(const QMargins& padding);
+    /// Asked first for every key; true when it dealt with it. What it leaves goes on to the parent, but for Page Up and
+    /// Down, Home and End, which scroll.
+    void setKeyHandler(std::function<bool(QKeyEvent*)> handler);
     /// Rows fade into this colour over the last `height` pixels; empty for none.
     void setBottomFade(std::optional<ColorRole> ground, int height = 36);
     void setBottomFadeColor(const QColor& color, int height = 28);
@@ -65,9 +69,12 @@ public:
     void scrollToTop();
 
 Q_SIGNALS:
+    /// The button went down on a row; -1 between rows.
+    void pressed(int index, Qt::KeyboardModifiers modifiers);
+    /// It went up again on the same one.
     void clicked(int index, Qt::KeyboardModifiers modifiers);
     void doubleClicked(int index);
-    /// `global` is where the menu belongs.
+    /// `global` is where the menu belongs. The index is -1 when the key asked: then the selected row is meant.
     void contextMenuRequested(int index, const QPoint& global);
     void hoveredIndexChanged(int index);
     void scrolled();
@@ -90,16 +97,18 @@ private:
     void layOut();
     void release(const Shown& row);
     Shown take(int index);
+    QWidget* makeRow(int kind);
     void updateScrollBar();
     void updateHover();
     void setHovered(int index);
+    void handleMouse(QMouseEvent* event);
     void placeFade();
     void scrollTo(int value, bool animated);
     [[nodiscard]] int firstAt(int y) const;
     [[nodiscard]] int clampedScroll(int value) const;
 
     Source source;
-    std::vector<int> tops; ///< of each row, and the end of the last
+    std::vector<int> tops{0}; ///< of each row, and the end of the last
     std::map<int, Shown> shown;
     std::map<int, std::vector<QWidget*>> spare; ///< by kind
     int measuredWidth = -1;
@@ -110,6 +119,7 @@ private:
     int hovered = -1;
     int pressedIndex = -1;
     QVariantAnimation animation;
+    std::function<bool(QKeyEvent*)> keyHandler;
 };
 
 } // namespace Quillstacks

@@ -19,6 +19,8 @@ public:
     void setContent(QWidget* content);
     /// Content fades into this colour over the last `height` pixels while there is more below; empty for none.
     void setBottomFade(std::optional<ColorRole> role, int height = 44);
+    /// Scrolls as the key of an event asks, where it is one that scrolls.
+    void scrollByKey(QKeyEvent* event) { keyPressEvent(event); }
     /// The content's height, so that the area can be as small as its content.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

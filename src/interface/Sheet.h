@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QVariantAnimation>
 #include <QWidget>
 
 #include <functional>
@@ -17,7 +18,8 @@ public:
     enum class Escape { ignored, dismisses };
     struct Options {
         QString accessibleName;
-        QSize minimumSize; ///< held up to the window's size
+        QSize minimumSize;   ///< held up to the window's size
+        QSize preferredSize; ///< in place of the content's own
         Escape escape = Escape::ignored;
         std::function<void()> onEscape; ///< in place of `escape`
         std::function<QRect()> area;    ///< the part of the window that is covered; the whole window by default
@@ -45,7 +47,7 @@ public:
     [[nodiscard]] QRect cardGeometry() const;
 
 Q_SIGNALS:
-    /// Told once, however the sheet ended.
+    /// Told once; not when its window is destroyed first.
     void closed();
 
 protected:
@@ -54,33 +56,32 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
     friend class SheetGuard;
     Sheet(QWidget* host, std::unique_ptr<QWidget> content, Options options);
-    void build(std::unique_ptr<QWidget> content);
     void place();
-    [[nodiscard]] QSize cardSize(const QSize& available) const;
-    void enter();
-    void leave();
+    [[nodiscard]] QSize cardSize(const QRect& area) const;
+    [[nodiscard]] QRect area() const;
+    void animate(qreal from, qreal to);
     void showProgress(qreal progress);
     void takeFocus();
     void restoreFocus();
-    void end();
-    [[nodiscard]] int depth() const;
+    void scrollByKey(QKeyEvent* event);
 
     Options options;
-    QPointer<QWidget> host;
     QPointer<QWidget> restoreTo;   ///< what holds the focus when the sheet is gone
     QPointer<QWidget> lastFocused; ///< within the sheet
     class SheetCard* card = nullptr;
     QPointer<QWidget> contentWidget;
+    QVariantAnimation animation;
+    QRect cardPlace;
     qreal progress = 0;
+    int depth = 0; ///< sheets beneath it when it came
     bool leaving = false;
-    bool ended = false;
+    bool placing = false;
 };
 
 } // namespace Quillstacks

@@ -13,8 +13,9 @@ struct Spring {
     double damping;
     std::chrono::milliseconds duration; ///< over which it is shown; then it stands at 1
 
+    bool operator==(const Spring&) const = default;
     [[nodiscard]] double value(double seconds) const;
-    /// value() over `duration` as an easing curve.
+    /// value() over `duration` as an easing curve. One of the three of Springs.
     [[nodiscard]] QEasingCurve curve() const;
 };
 

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QObject>
 #include <QPalette>
+#include <QPointer>
 
 #include <array>
 
@@ -49,7 +50,7 @@ private:
     std::array<QColor, static_cast<std::size_t>(ColorRole::count)> colors;
     QPalette currentPalette;
     ColorScheme currentScheme = ColorScheme::dark;
-    QObject* preferencesObserver = nullptr;
+    QPointer<QObject> observed; ///< the preferences that are followed
     bool composited = true;
     bool lessMotion = false;
 };

@@ -8,11 +8,11 @@
 namespace Quillstacks {
 
 /// A number between 0 and 1 that eases to its new value and repaints its widget meanwhile: hover, press, folds.
-/// With reduced motion, or while the widget cannot be seen, it jumps.
+/// While the widget cannot be seen it jumps.
 class Transition final : public QObject {
     Q_OBJECT
 public:
-    /// The widget is repainted, and owns the transition.
+    /// The widget is repainted; it must outlive the transition, best as its member.
     explicit Transition(QWidget* widget, int milliseconds = 150);
 
     [[nodiscard]] qreal value() const { return current; }

@@ -1,0 +1,25 @@
+#include "interface/EdgeFade.h"
+
+#include "interface/Drawing.h"
+#include "interface/Theme.h"
+
+#include <QPainter>
+
+namespace Quillstacks {
+
+EdgeFade::EdgeFade(ColorRole role, QWidget* parent) : QWidget(parent), ground(role) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(&Theme::shared(), &Theme::changed, this, qOverload<>(&QWidget::update));
+}
+
+void EdgeFade::setColor(const QColor& color) {
+    fixedColor = color;
+    update();
+}
+
+void EdgeFade::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintFade(painter, rect(), fixedColor.isValid() ? fixedColor : Theme::shared().color(ground));
+}
+
+} // namespace Quillstacks

@@ -1,0 +1,102 @@
+#include "interface/ScrollArea.h"
+
+#include "interface/EdgeFade.h"
+#include "interface/OverlayScrollBar.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+namespace Quillstacks {
+
+ScrollArea::ScrollArea(QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    viewport()->setAutoFillBackground(false);
+    setAutoFillBackground(false);
+    QPalette clear = palette();
+    clear.setColor(QPalette::Window, Qt::transparent);
+    viewport()->setPalette(clear);
+    OverlayScrollBar::install(this);
+    verticalScrollBar()->setSingleStep(24);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ScrollArea::placeFade);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &ScrollArea::placeFade);
+}
+
+void ScrollArea::setContent(QWidget* content) {
+    setWidget(content);
+    // QScrollArea makes its widget fill its background.
+    content->setAutoFillBackground(false);
+    content->installEventFilter(this);
+}
+
+void ScrollArea::setBottomFade(std::optional<ColorRole> role, int height) {
+    delete fade;
+    fade = role ? new EdgeFade(*role, this) : nullptr;
+    fadeHeight = height;
+    placeFade();
+}
+
+void ScrollArea::placeFade() {
+    if (!fade)
+        return;
+    fade->setGeometry(0, height() - fadeHeight, width(), fadeHeight);
+    fade->setVisible(verticalScrollBar()->value() < verticalScrollBar()->maximum());
+    fade->raise();
+}
+
+QSize ScrollArea::sizeHint() const {
+    if (!widget())
+        return QScrollArea::sizeHint();
+    QSize hint = widget()->sizeHint();
+    if (widget()->hasHeightForWidth() && width() > 0)
+        hint.setHeight(widget()->heightForWidth(width()));
+    return hint;
+}
+
+QSize ScrollArea::minimumSizeHint() const {
+    return {widget() ? widget()->minimumSizeHint().width() : 0, 40};
+}
+
+void ScrollArea::keyPressEvent(QKeyEvent* event) {
+    QScrollBar* bar = verticalScrollBar();
+    switch (event->key()) {
+    case Qt::Key_Home:
+        bar->setValue(bar->minimum());
+        break;
+    case Qt::Key_End:
+        bar->setValue(bar->maximum());
+        break;
+    case Qt::Key_PageUp:
+        bar->triggerAction(QScrollBar::SliderPageStepSub);
+        break;
+    case Qt::Key_PageDown:
+        bar->triggerAction(QScrollBar::SliderPageStepAdd);
+        break;
+    default:
+        QScrollArea::keyPressEvent(event);
+    }
+}
+
+void ScrollArea::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    placeFade();
+}
+
+bool ScrollArea::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == widget() && event->type() == QEvent::LayoutRequest)
+        updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
+}
+
+bool ScrollArea::focusNextPrevChild(bool next) {
+    // QScrollArea scrolls to what gets the focus, wherever the chain leads.
+    const bool moved = QScrollArea::focusNextPrevChild(next);
+    QWidget* focused = QApplication::focusWidget();
+    if (moved && focused && widget() && widget()->isAncestorOf(focused))
+        ensureWidgetVisible(focused, 20, 20);
+    return moved;
+}
+
+} // namespace Quillstacks
