@@ -23,8 +23,8 @@ QuickAccessResultList::QuickAccessResultList(QWidget* parent) : QWidget(parent) 
     rows->setPadding(QMargins(listPadding, listPadding, listPadding, listPadding));
     installSource();
     connect(rows, &LazyList::clicked, this, [this](int at) {
-        if (const Item item = itemAt(at); item.kind == promptKind)
-            Q_EMIT clicked(item.index);
+        if (const auto* row = qobject_cast<QuickAccessRow*>(rows->row(at)))
+            row->onCopy();
     });
     connect(&Theme::shared(), &Theme::changed, this, &QuickAccessResultList::placeFade);
     placeFade();
@@ -39,6 +39,10 @@ void QuickAccessResultList::installSource() {
         if (kind == headerKind)
             return new QuickAccessSectionHeader(parent);
         return new QuickAccessRow(parent);
+    };
+    source.isSelected = [this](int at) {
+        const Item item = itemAt(at);
+        return item.kind == promptKind && item.index == selected;
     };
     source.bind = [this](QWidget* row, int at) { bind(row, at); };
     rows->setSource(std::move(source));

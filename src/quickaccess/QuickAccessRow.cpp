@@ -14,6 +14,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <map>
 
 namespace Quillstacks {
 
@@ -32,13 +33,18 @@ int textWidth(int width) {
     return width - 2 * inset - symbolGap - symbolSize;
 }
 
-/// Measuring goes through all rows of a library, so the tables of the font are made once.
+/// Measuring goes through all rows of a library, so the tables of a font are made once.
+const RowText& rowText(TextStyle style) {
+    static std::map<TextStyle, RowText> texts;
+    const QFont font = textFont(style);
+    const auto found = texts.try_emplace(style, font).first;
+    if (found->second.font() != font)
+        found->second = RowText(font);
+    return found->second;
+}
+
 const RowText& bodyText() {
-    static RowText text(textFont(TextStyle::caption));
-    const QFont font = textFont(TextStyle::caption);
-    if (text.font() != font)
-        text = RowText(font);
-    return text;
+    return rowText(TextStyle::caption);
 }
 
 QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
@@ -52,14 +58,6 @@ QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
 
 QuickAccessRow::QuickAccessRow(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("QuickAccessRow"));
-    AccessibleTraits traits;
-    traits.role = QAccessible::ListItem;
-    traits.press = [this] {
-        if (onCopy)
-            onCopy();
-    };
-    traits.isSelected = [this] { return selected; };
-    setAccessibleTraits(this, traits);
 }
 
 QString QuickAccessRow::titleText(const Prompt& prompt) {
@@ -105,7 +103,7 @@ void QuickAccessRow::paintTexts(QPainter& painter) const {
     const int room = textWidth(width());
     int y = inset;
     const int titleHeight = textLineHeight(TextStyle::headline);
-    RowText(textFont(TextStyle::headline))
+    rowText(TextStyle::headline)
         .draw(painter, QRectF(inset, y, room, titleHeight), titleText(*shownPrompt), theme.color(ColorRole::text), 1,
               titleHeight);
     y += titleHeight;

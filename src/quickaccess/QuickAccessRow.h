@@ -18,7 +18,7 @@ public:
     void setPrompt(const Prompt* prompt, bool isSelected);
     [[nodiscard]] const Prompt* prompt() const { return shownPrompt; }
     [[nodiscard]] bool isSelected() const { return selected; }
-    /// What a press does, for assistive tools; clicks go to the list.
+    /// What a click does; the list calls it.
     std::function<void()> onCopy;
 
     /// The title as it is shown.

@@ -1,6 +1,5 @@
 #include "QuickAccessSectionHeader.h"
 
-#include "interface/Accessible.h"
 #include "interface/Symbol.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
@@ -25,9 +24,6 @@ int topOf(QuickAccessSectionHeader::Section section) {
 
 QuickAccessSectionHeader::QuickAccessSectionHeader(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("QuickAccessSectionHeader"));
-    AccessibleTraits traits;
-    traits.role = QAccessible::Heading;
-    setAccessibleTraits(this, traits);
 }
 
 QString QuickAccessSectionHeader::title(Section section) {

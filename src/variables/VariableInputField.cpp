@@ -34,8 +34,12 @@ VariableInputField::VariableInputField(const QString& name, const QString& value
 
 VariableInputField::~VariableInputField() = default;
 
+QString VariableInputField::placeholder() const {
+    return QStringLiteral("Enter value for ") + variable;
+}
+
 void VariableInputField::buildField(const QString& value) {
-    field = new TextArea(QStringLiteral("Enter value for ") + variable, 1, 5, this);
+    field = new TextArea(placeholder(), 1, 5, this);
     field->setAccessibleName(variable);
     field->setText(value);
     field->moveCursor(QTextCursor::End);

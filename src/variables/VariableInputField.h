@@ -23,6 +23,7 @@ public:
     /// Return was pressed in the field.
     std::function<void()> onSubmit;
 
+    [[nodiscard]] QString placeholder() const;
     /// As typed, every character and line end kept.
     [[nodiscard]] const QString& value() const { return currentValue; }
     /// Can be undone in the field.

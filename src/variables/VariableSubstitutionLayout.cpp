@@ -110,6 +110,7 @@ void VariableSubstitutionView::buildFields(QBoxLayout* column) {
     }
     rows->addStretch();
     auto* area = new ScrollArea;
+    area->setObjectName(QStringLiteral("fieldList"));
     area->setContent(list);
     area->setFocusPolicy(Qt::NoFocus);
     area->setMaximumHeight(greatestListHeight);

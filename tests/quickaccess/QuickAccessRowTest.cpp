@@ -1,0 +1,78 @@
+#include "quickaccess/QuickAccessRow.h"
+
+#include "QuickAccessFixture.h"
+
+#include "interface/Theme.h"
+
+namespace Quillstacks {
+namespace {
+
+class QuickAccessRowLook : public LibraryFixture {
+protected:
+    static constexpr int width = 662;
+    static int height(const Prompt* prompt) { return QuickAccessRow::heightFor(*prompt, width); }
+    QImage paint(const Prompt* prompt, bool isSelected) {
+        QuickAccessRow row;
+        row.setPrompt(prompt, isSelected);
+        row.resize(width, height(prompt));
+        QImage image(row.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::black);
+        row.render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    }
+};
+
+TEST_F(QuickAccessRowLook, anEmptyTitleIsShownAsUntitled) {
+    EXPECT_EQ(QuickAccessRow::titleText(*add(QString())), QStringLiteral("Untitled"));
+    EXPECT_EQ(QuickAccessRow::titleText(*add(QStringLiteral("T"))), QStringLiteral("T"));
+}
+
+TEST_F(QuickAccessRowLook, aRowIsAsHighAsItsParts) {
+    const int bare = height(add(QStringLiteral("T")));
+    const int oneLine = height(add(QStringLiteral("T"), QStringLiteral("short")));
+    const int twoLines = height(add(QStringLiteral("T"), QStringLiteral("long ").repeated(100)));
+    const int twoParagraphs = height(add(QStringLiteral("T"), QStringLiteral("one\ntwo\nthree")));
+    EXPECT_GT(oneLine, bare);
+    EXPECT_GT(twoLines, oneLine);
+    EXPECT_EQ(twoParagraphs, twoLines); // never more than two lines
+    const int tagged = height(add(QStringLiteral("T"), {}, {addTag(QStringLiteral("Mail"))}));
+    EXPECT_GT(tagged, bare);
+    const int full = height(add(QStringLiteral("T"), QStringLiteral("long ").repeated(100),
+                                {addTag(QStringLiteral("Mail")), addTag(QStringLiteral("Work"))}));
+    EXPECT_GT(full, twoLines);
+}
+
+TEST_F(QuickAccessRowLook, theSelectedRowIsTintedWithTheAccent) {
+    const Prompt* prompt = add(QStringLiteral("T"), QStringLiteral("body"));
+    const QImage plain = paint(prompt, false);
+    const QImage selected = paint(prompt, true);
+    const QPoint ground(400, 8);
+    EXPECT_EQ(plain.pixelColor(ground), QColor(Qt::black));
+    const QColor tint = Theme::shared().color(ColorRole::quickSelect);
+    EXPECT_NEAR(selected.pixelColor(ground).blue(), tint.blue() * tint.alphaF(), 2);
+    EXPECT_NE(plain, selected);
+}
+
+TEST_F(QuickAccessRowLook, onlyTheFirstThreeTagsAreShown) {
+    QList<Tag*> tags;
+    for (const char* name : {"a", "b", "c"})
+        tags << addTag(QString::fromLatin1(name));
+    const QImage three = paint(add(QStringLiteral("T"), {}, tags), false);
+    const QImage four = paint(add(QStringLiteral("T"), {}, tags + QList<Tag*>{addTag(QStringLiteral("d"))}), false);
+    EXPECT_EQ(three, four);
+    const QImage two = paint(add(QStringLiteral("T"), {}, tags.first(2)), false);
+    EXPECT_NE(three, two);
+}
+
+TEST_F(QuickAccessRowLook, assistiveToolsHearTheTitleAndWhetherItIsSelected) {
+    QuickAccessRow row;
+    row.setPrompt(add(QStringLiteral("Letter")), true);
+    EXPECT_EQ(row.accessibleName(), QStringLiteral("Letter"));
+    auto* accessible = QAccessible::queryAccessibleInterface(&row);
+    ASSERT_TRUE(accessible);
+    EXPECT_EQ(accessible->role(), QAccessible::ListItem);
+    EXPECT_TRUE(accessible->state().selected);
+}
+
+} // namespace
+} // namespace Quillstacks

@@ -1,0 +1,283 @@
+#include "quickaccess/QuickAccessWindowManager.h"
+
+#include "QuickAccessFixture.h"
+
+#include <QGuiApplication>
+#include <QPropertyAnimation>
+#include <QScreen>
+
+namespace Quillstacks {
+namespace {
+
+class QuickAccessWindow : public LibraryFixture {
+protected:
+    QuickAccessWindow() { manager.setModelContainer(&container); }
+
+    void toggle() {
+        manager.toggle();
+        if (manager.isVisible())
+            EXPECT_TRUE(QTest::qWaitForWindowActive(manager.windowController()));
+        QTest::qWait(0);
+    }
+    [[nodiscard]] QuickAccessPanel* panel() const { return manager.windowController(); }
+    [[nodiscard]] QuickAccessView* view() const { return manager.rootView(); }
+    static QRect visibleFrame() { return QGuiApplication::primaryScreen()->availableGeometry(); }
+    static void tellApplicationState(Qt::ApplicationState state) {
+        Q_EMIT qApp->applicationStateChanged(state);
+        QTest::qWait(0);
+    }
+    static FakeDesktop& desktop() { return FakeDesktop::shared(); }
+
+    QuickAccessWindowManager manager;
+};
+
+TEST_F(QuickAccessWindow, withoutAStoreNothingIsShown) {
+    QuickAccessWindowManager empty;
+    empty.toggle();
+    EXPECT_FALSE(empty.isVisible());
+    EXPECT_EQ(empty.windowController(), nullptr);
+    EXPECT_TRUE(desktop().callsOf(QStringLiteral("showAndActivate")).isEmpty());
+}
+
+TEST_F(QuickAccessWindow, thePanelIsCreatedWithTheFirstShowAndKept) {
+    EXPECT_EQ(panel(), nullptr);
+    toggle();
+    const auto* first = panel();
+    ASSERT_TRUE(first);
+    toggle();
+    EXPECT_EQ(panel(), first);
+    toggle();
+    EXPECT_EQ(panel(), first);
+    EXPECT_EQ(desktop().callsOf(QStringLiteral("preparePanel")).size(), 1);
+}
+
+TEST_F(QuickAccessWindow, itIsAFloatingTranslucentPanelWithoutAFrame) {
+    toggle();
+    EXPECT_TRUE(panel()->windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_TRUE(panel()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_EQ(panel()->windowType(), Qt::Tool);
+    EXPECT_TRUE(panel()->testAttribute(Qt::WA_TranslucentBackground));
+    EXPECT_EQ(panel()->objectName(), QStringLiteral("quick-access"));
+}
+
+TEST_F(QuickAccessWindow, aPressWhileItIsVisibleClosesItAndTheNextShowsAFreshView) {
+    for (int i = 0; i < 3; ++i)
+        add(QStringLiteral("prompt %1").arg(i), QStringLiteral("body"));
+    toggle();
+    QTest::keyClicks(view()->searchRow()->field(), QStringLiteral("prompt"));
+    QTest::keyClick(view()->searchRow()->field(), Qt::Key_Down);
+    ASSERT_EQ(view()->selectedIndex(), 1);
+    toggle();
+    EXPECT_FALSE(manager.isVisible());
+    toggle();
+    EXPECT_TRUE(manager.isVisible());
+    EXPECT_EQ(view()->searchText(), QString());
+    EXPECT_EQ(view()->searchRow()->field()->text(), QString());
+    EXPECT_EQ(view()->selectedIndex(), 0);
+    EXPECT_TRUE(view()->isSearchFocused());
+}
+
+TEST_F(QuickAccessWindow, theNextViewIsBuiltAheadAndShowsTheLibraryAsItIsThen) {
+    toggle();
+    toggle();
+    const auto* ahead = view();
+    add(QStringLiteral("added while it was closed"));
+    toggle();
+    EXPECT_EQ(view(), ahead);
+    ASSERT_TRUE(view()->resultList()->row(0));
+    EXPECT_EQ(view()->resultList()->row(0)->prompt()->title(), QStringLiteral("added while it was closed"));
+}
+
+TEST_F(QuickAccessWindow, thePreparedViewIsTheOneThatIsShown) {
+    manager.prepare();
+    const auto* prepared = view();
+    ASSERT_TRUE(prepared);
+    EXPECT_FALSE(manager.isVisible());
+    toggle();
+    EXPECT_EQ(view(), prepared);
+}
+
+TEST_F(QuickAccessWindow, aFillInSheetThatWasOpenIsGoneWithTheNextShow) {
+    add(QStringLiteral("letter"), QStringLiteral("{name}"));
+    toggle();
+    view()->chooseSelected();
+    ASSERT_TRUE(Sheet::top(panel()));
+    toggle();
+    toggle();
+    EXPECT_EQ(Sheet::top(panel()), nullptr);
+    EXPECT_FALSE(view()->showVariableSubstitution());
+}
+
+TEST_F(QuickAccessWindow, itOpensInTheMiddleOfTheVisibleFrame) {
+    toggle();
+    const QRect visible = visibleFrame();
+    EXPECT_EQ(panel()->size(), QSize(712, 552));
+    EXPECT_EQ(panel()->geometry(),
+              QRect(visible.x() + (visible.width() - 712) / 2, visible.y() + (visible.height() - 552) / 2, 712, 552));
+}
+
+TEST_F(QuickAccessWindow, theScreenUnderTheMouseIsTaken) {
+    desktop().mouse = QPoint(1234, 567);
+    QPoint asked;
+    desktop().screenFor = [&](const QPoint& point) {
+        asked = point;
+        return QGuiApplication::primaryScreen();
+    };
+    toggle();
+    EXPECT_EQ(asked, QPoint(1234, 567));
+}
+
+TEST_F(QuickAccessWindow, withTheMouseOutsideEveryScreenItOpensOnTheMainScreen) {
+    desktop().mouse = QPoint(-5000, -5000);
+    toggle();
+    EXPECT_TRUE(manager.isVisible());
+    EXPECT_EQ(panel()->geometry().center(), visibleFrame().center());
+}
+
+TEST_F(QuickAccessWindow, aPositionThatTheUserDraggedItToIsNotRemembered) {
+    toggle();
+    const QPoint middle = panel()->pos();
+    panel()->move(5, 7);
+    toggle();
+    toggle();
+    EXPECT_EQ(panel()->pos(), middle);
+}
+
+TEST_F(QuickAccessWindow, itIsShownAndActivatedWithTheTimeOfThePress) {
+    desktop().eventTime = 4711;
+    toggle();
+    EXPECT_EQ(desktop().callsOf(QStringLiteral("showAndActivate")),
+              QStringList{QStringLiteral("showAndActivate quick-access 4711")});
+    EXPECT_EQ(desktop().lastActivated, panel());
+}
+
+TEST_F(QuickAccessWindow, itFadesInOver120MillisecondsOnceItIsOnScreen) {
+    manager.toggle();
+    EXPECT_TRUE(manager.isVisible());
+    EXPECT_EQ(panel()->windowOpacity(), 0.0);
+    EXPECT_EQ(panel()->findChild<QPropertyAnimation*>(), nullptr); // in a turn of its own
+    QTest::qWait(0);
+    auto* fade = panel()->findChild<QPropertyAnimation*>();
+    ASSERT_TRUE(fade);
+    EXPECT_EQ(fade->propertyName(), QByteArray("windowOpacity"));
+    EXPECT_EQ(fade->duration(), 120);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel()->windowOpacity() >= 1.0; }, 3000));
+}
+
+TEST_F(QuickAccessWindow, itClosesWithoutAFade) {
+    toggle();
+    manager.close();
+    EXPECT_FALSE(panel()->isVisible());
+    manager.toggle();
+    EXPECT_EQ(panel()->windowOpacity(), 0.0);
+}
+
+TEST_F(QuickAccessWindow, withoutACompositorItIsOpaqueAtOnceAndSquare) {
+    desktop().setComposited(false);
+    toggle();
+    EXPECT_EQ(panel()->windowOpacity(), 1.0);
+    EXPECT_EQ(view()->cardRect(), QRect(0, 0, 712, 552));
+    EXPECT_EQ(view()->cardRadius(), 0);
+    desktop().setComposited(true);
+    EXPECT_EQ(view()->cardRect(), QRect(16, 16, 680, 520));
+    EXPECT_EQ(view()->cardRadius(), 16);
+}
+
+TEST_F(QuickAccessWindow, withoutACompositorEveryPixelIsOpaque) {
+    desktop().setComposited(false);
+    add(QStringLiteral("prompt"), QStringLiteral("body"));
+    toggle();
+    QImage image(panel()->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    panel()->render(&image, {}, {}, QWidget::DrawChildren);
+    for (const QPoint corner : {QPoint(0, 0), QPoint(711, 0), QPoint(0, 551), QPoint(711, 551), QPoint(350, 300)})
+        EXPECT_EQ(qAlpha(image.pixel(corner)), 255) << corner.x() << ',' << corner.y();
+}
+
+TEST_F(QuickAccessWindow, whatLiesBehindTheCardIsBlurred) {
+    toggle();
+    EXPECT_EQ(desktop().blurred[panel()], QRect(16, 16, 680, 520));
+}
+
+TEST_F(QuickAccessWindow, itClosesWhenTheProgramLosesTheActiveState) {
+    toggle();
+    ASSERT_TRUE(panel()->wasActive());
+    tellApplicationState(Qt::ApplicationInactive);
+    EXPECT_FALSE(manager.isVisible());
+}
+
+TEST_F(QuickAccessWindow, afterThatTheNextPressShowsItAgain) {
+    toggle();
+    tellApplicationState(Qt::ApplicationInactive);
+    toggle();
+    EXPECT_TRUE(manager.isVisible());
+}
+
+TEST_F(QuickAccessWindow, itStaysWhileTheActiveStateMovesToAnotherWindowOfTheProgram) {
+    toggle();
+    QWidget mainWindow;
+    mainWindow.show();
+    mainWindow.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&mainWindow));
+    EXPECT_TRUE(manager.isVisible());
+    // For a moment no window has it.
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationActive);
+    QTest::qWait(0);
+    EXPECT_TRUE(manager.isVisible());
+}
+
+TEST_F(QuickAccessWindow, aPanelThatWasNeverActiveIsNotClosedWhileItComesUp) {
+    manager.toggle();
+    ASSERT_TRUE(manager.isVisible());
+    if (panel()->wasActive())
+        GTEST_SKIP() << "this platform activates within show()";
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    EXPECT_TRUE(manager.isVisible());
+}
+
+TEST_F(QuickAccessWindow, theViewClosesIt) {
+    add(QStringLiteral("plain"), QStringLiteral("text"));
+    toggle();
+    QTest::keyClick(view()->searchRow()->field(), Qt::Key_Return);
+    EXPECT_FALSE(manager.isVisible());
+    EXPECT_EQ(desktop().clipboardText, QStringLiteral("text"));
+}
+
+TEST_F(QuickAccessWindow, closingItByTheWindowManagerNeedsNoBookkeeping) {
+    toggle();
+    panel()->close();
+    EXPECT_FALSE(manager.isVisible());
+    toggle();
+    EXPECT_TRUE(manager.isVisible());
+}
+
+TEST_F(QuickAccessWindow, takingTheStoreAwayTakesThePanelAway) {
+    toggle();
+    manager.setModelContainer(nullptr);
+    EXPECT_FALSE(manager.isVisible());
+    EXPECT_EQ(manager.rootView(), nullptr);
+    QTest::qWait(0);
+    EXPECT_EQ(manager.rootView(), nullptr);
+    manager.toggle();
+    EXPECT_FALSE(manager.isVisible());
+}
+
+TEST_F(QuickAccessWindow, itIsMovedByItsBackground) {
+    toggle();
+    const QPoint before = panel()->pos();
+    const QPoint grip(300, 552 - 16 - 22); // the footer, between the hints
+    QTest::mousePress(panel(), Qt::LeftButton, {}, grip);
+    QTest::mouseMove(panel(), grip + QPoint(40, 0));
+    QTest::mouseRelease(panel(), Qt::LeftButton);
+    // Offscreen there is no window manager to do it.
+    EXPECT_NE(panel()->pos(), before);
+}
+
+TEST_F(QuickAccessWindow, thereIsOneForTheWholeProgram) {
+    EXPECT_EQ(&QuickAccessWindowManager::shared(), &QuickAccessWindowManager::shared());
+    EXPECT_EQ(QuickAccessWindowManager::contentSize, QSize(712, 552));
+}
+
+} // namespace
+} // namespace Quillstacks

@@ -1,0 +1,66 @@
+#include "variables/VariablesPreviewView.h"
+
+#include "platform/FakeDesktop.h"
+#include "support/TestPreferences.h"
+#include "variables/VariablesList.h"
+
+#include <QAbstractButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace Quillstacks {
+namespace {
+
+class VariablesPreview : public testing::Test {
+protected:
+    VariablesPreview() { FakeDesktop::fresh(); }
+
+    TestPreferences preferences;
+    VariablesPreviewView view;
+    VariablesList* list = view.findChild<VariablesList*>();
+    QAbstractButton* button = view.findChild<QAbstractButton*>();
+};
+
+TEST_F(VariablesPreview, anEmptyTextSaysThatNothingWasFoundYet) {
+    EXPECT_EQ(list->lines(), QStringList{QStringLiteral("No variables detected yet.")});
+    view.setText(QStringLiteral("{b} {a} {{b}}"));
+    EXPECT_EQ(list->lines(), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    view.setText(QStringLiteral("nothing"));
+    EXPECT_EQ(list->lines(), QStringList{QStringLiteral("No variables detected yet.")});
+}
+
+TEST_F(VariablesPreview, theButtonCollapsesAndExpands) {
+    QSignalSpy told(&view, &VariablesPreviewView::collapsedChanged);
+    EXPECT_EQ(button->toolTip(), QStringLiteral("Collapse Variables"));
+    button->click();
+    EXPECT_TRUE(view.isCollapsed());
+    EXPECT_TRUE(list->isHidden() || !list->isVisibleTo(&view));
+    EXPECT_EQ(button->toolTip(), QStringLiteral("Expand Variables"));
+    button->click();
+    EXPECT_FALSE(view.isCollapsed());
+    EXPECT_EQ(told.count(), 2);
+}
+
+TEST_F(VariablesPreview, whatIsTypedWhileCollapsedShowsOnceItIsExpanded) {
+    view.setCollapsed(true);
+    view.setText(QStringLiteral("{late}"));
+    view.setCollapsed(false);
+    EXPECT_EQ(list->variables(), QStringList{QStringLiteral("late")});
+}
+
+TEST_F(VariablesPreview, everyRowHasTheSameHeight) {
+    list->setVariables({QStringLiteral("a")});
+    const int one = list->sizeHint().height();
+    list->setVariables({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+    EXPECT_EQ(list->sizeHint().height(), 3 * one);
+}
+
+TEST_F(VariablesPreview, assistiveToolsHearTheNames) {
+    view.setText(QStringLiteral("{x} {y}"));
+    EXPECT_EQ(list->accessibleName(), QStringLiteral("x, y"));
+}
+
+} // namespace
+} // namespace Quillstacks
