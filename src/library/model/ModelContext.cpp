@@ -38,8 +38,8 @@ ModelContext::~ModelContext() {
 
 void ModelContext::join(Record& record) {
     record.context = this;
-    record.dirty = true;
-    pending->dirty.push_back(&record);
+    record.fieldsDirty = true;
+    list(record);
     changes.inserted.insert(&record);
     schedule();
 }
@@ -166,7 +166,8 @@ void ModelContext::save() {
         throw StoreError(StoreError::Kind::readOnly, store->path(), QStringLiteral("opened without leave to save"));
     store->write(*pending);
     for (Record* record : pending->dirty) {
-        record->dirty = false;
+        record->listed = false;
+        record->fieldsDirty = false;
         record->stored = true;
         if (record->kind == Record::Kind::Prompt)
             static_cast<Prompt*>(record)->linksDirty = false;
@@ -179,11 +180,14 @@ bool ModelContext::hasChanges() const {
                                                  [](const Record* record) { return !record->deleted; });
 }
 
+void ModelContext::list(Record& record) {
+    if (!std::exchange(record.listed, true))
+        pending->dirty.push_back(&record);
+}
+
 void ModelContext::recordChanged(Record* record) {
-    if (!record->dirty) {
-        record->dirty = true;
-        pending->dirty.push_back(record);
-    }
+    record->fieldsDirty = true;
+    list(*record);
     noteUpdated(record);
 }
 
@@ -225,7 +229,8 @@ void ModelContext::willReorder(Tag* tag) {
 
 void ModelContext::linksChanged(Prompt& prompt) {
     prompt.linksDirty = true;
-    recordChanged(&prompt);
+    list(prompt); // a long body is not written again for a tag
+    noteUpdated(&prompt);
 }
 
 void ModelContext::setTags(Prompt& prompt, const QList<Tag*>& wanted) {

@@ -83,6 +83,7 @@ private:
     ModelContext(std::unique_ptr<Store> openStore, bool maySave);
 
     void join(Record& record);
+    void list(Record& record);
     void recordChanged(Record* record);
     void noteUpdated(Record* record);
     void schedule();

@@ -40,8 +40,9 @@ private:
     ModelContext* context = nullptr;
     qint64 rowId = 0; ///< given at insertion and growing: key in the store and place in the order of insertion
     const Kind kind;
-    bool dirty = false;  ///< differs from the store
-    bool stored = false; ///< has a row in the store
+    bool listed = false;      ///< among what the next save has to write
+    bool fieldsDirty = false; ///< its row differs from the store
+    bool stored = false;      ///< has a row in the store
     bool deleted = false;
 };
 

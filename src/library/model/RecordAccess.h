@@ -18,6 +18,7 @@ public:
     static Kind kind(const Record& record) { return record.kind; }
     static qint64 row(const Record& record) { return record.rowId; }
     static void setRow(Record& record, qint64 row) { record.rowId = row; }
+    static bool fieldsDirty(const Record& record) { return record.fieldsDirty; }
     static bool isStored(const Record& record) { return record.stored; }
     static void setStored(Record& record) { record.stored = true; }
     static void setIdentity(Record& record, const Uuid& id, Date created) {

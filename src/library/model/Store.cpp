@@ -16,6 +16,9 @@ namespace Quillstacks {
 
 namespace {
 
+/// One thread has the store, so SQLite need not guard itself.
+constexpr int openFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+
 /// Closing the last connection normally writes the log back into the file; a store that we refuse stays as it is.
 void setWriteBackOnClose(SQLite::Database& database, bool on) {
     sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, on ? 0 : 1, nullptr);
@@ -97,11 +100,12 @@ Store::~Store() = default;
 /// whether the write-ahead log is on.
 bool Store::lookFirst() {
     const SideFiles sideFiles(filePath);
-    SQLite::Database look(QFile::encodeName(filePath).constData(), SQLite::OPEN_READWRITE);
+    SQLite::Database look(QFile::encodeName(filePath).constData(), openFlags);
     setWriteBackOnClose(look, false);
     try {
         look.exec("PRAGMA locking_mode=EXCLUSIVE");
         look.exec("PRAGMA query_only=ON");
+        look.exec("PRAGMA trusted_schema=OFF");
         refuseUnknownVersion(look, filePath);
         if (StoreSchema::version(look) == StoreSchema::currentVersion())
             records = StoreReader::readAll(look);
@@ -114,13 +118,13 @@ bool Store::lookFirst() {
 
 /// A sound store may be without it, as the copy is that is made before an upgrade.
 void Store::turnLogOn() {
-    SQLite::Database open(QFile::encodeName(filePath).constData(), SQLite::OPEN_READWRITE);
+    SQLite::Database open(QFile::encodeName(filePath).constData(), openFlags);
     open.exec("PRAGMA journal_mode=WAL");
 }
 
 void Store::openForGood() {
     const SideFiles sideFiles(filePath);
-    database.emplace(QFile::encodeName(filePath).constData(), SQLite::OPEN_READWRITE);
+    database.emplace(QFile::encodeName(filePath).constData(), openFlags);
     setWriteBackOnClose(*database, false);
     try {
         hold();
@@ -131,6 +135,8 @@ void Store::openForGood() {
     }
     database->exec("PRAGMA synchronous=FULL");
     database->exec("PRAGMA foreign_keys=ON");
+    database->exec("PRAGMA trusted_schema=OFF");
+    database->exec("PRAGMA journal_size_limit=16777216"); // a large import does not leave a large log behind
 }
 
 /// The first read comes before the exclusive mode: only then does SQLite keep "-shm" in the exclusive mode, too.

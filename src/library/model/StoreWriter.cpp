@@ -59,21 +59,22 @@ void StoreWriter::removeRows(const PendingChanges& changes) {
 
 /// Tags and prompts first, as versions and links refer to them.
 void StoreWriter::writeRecords(const PendingChanges& changes) {
-    const auto each = [&changes](RecordAccess::Kind kind, auto write) {
+    const auto each = [&changes](RecordAccess::Kind kind, auto needed, auto write) {
         for (Record* record : changes.dirty) {
-            if (!record->isDeleted() && RecordAccess::kind(*record) == kind)
+            if (!record->isDeleted() && RecordAccess::kind(*record) == kind && needed(*record))
                 write(record);
         }
     };
-    each(RecordAccess::Kind::Tag, [this](Record* record) { writeTag(static_cast<Tag&>(*record)); });
-    each(RecordAccess::Kind::Prompt, [this](Record* record) { writePrompt(static_cast<Prompt&>(*record)); });
-    each(RecordAccess::Kind::PromptVersion,
+    const auto fields = [](const Record& record) { return RecordAccess::fieldsDirty(record); };
+    const auto links = [](const Record& record) {
+        return RecordAccess::linksDirty(static_cast<const Prompt&>(record));
+    };
+    each(RecordAccess::Kind::Tag, fields, [this](Record* record) { writeTag(static_cast<Tag&>(*record)); });
+    each(RecordAccess::Kind::Prompt, fields, [this](Record* record) { writePrompt(static_cast<Prompt&>(*record)); });
+    each(RecordAccess::Kind::PromptVersion, fields,
          [this](Record* record) { writeVersion(static_cast<PromptVersion&>(*record)); });
-    each(RecordAccess::Kind::Prompt, [this, &changes](Record* record) {
-        Prompt& prompt = static_cast<Prompt&>(*record);
-        if (RecordAccess::linksDirty(prompt))
-            writeLinks(prompt, changes);
-    });
+    each(RecordAccess::Kind::Prompt, links,
+         [this, &changes](Record* record) { writeLinks(static_cast<Prompt&>(*record), changes); });
 }
 
 void StoreWriter::writeTag(const Tag& tag) {

@@ -110,6 +110,42 @@ TEST_F(FailedSave, writesNothingAtAll) {
     expectUntouched();
 }
 
+TEST(Saving, aTagOnALongPromptDoesNotWriteTheBodyAgain) {
+    TestLibrary library;
+    Prompt* prompt = library.addPrompt(QStringLiteral("p"), QString(1'000'000, QLatin1Char('x')));
+    Tag* tag = library.addTag(QStringLiteral("t"));
+    library.context().save();
+    const QString log = library.path() + QLatin1String("-wal");
+    const qint64 before = QFileInfo(log).size();
+
+    prompt->setTags({tag});
+    library.context().save();
+
+    EXPECT_LT(QFileInfo(log).size() - before, 50'000);
+    library.reopen();
+    EXPECT_EQ(namesOf(library.prompt(QStringLiteral("p"))->tags()), QStringList{QStringLiteral("t")});
+}
+
+TEST(Saving, anEditWritesNoMoreInALargeLibrary) {
+    qint64 grown[2] = {};
+    for (const int size : {100, 20'000}) {
+        TestLibrary library;
+        Tag* tag = library.addTag(QStringLiteral("on all"));
+        for (int number = 0; number < size; ++number)
+            library.addPrompt(QString::number(number), {}, {tag});
+        library.saveAndReopen();
+        const QString log = library.path() + QLatin1String("-wal");
+        const qint64 before = QFileInfo(log).size();
+        Prompt* prompt = library.prompt(QStringLiteral("50"));
+        prompt->setBody(QStringLiteral("edited"));
+        library.addPrompt(QStringLiteral("new"), {}, {library.tag(QStringLiteral("on all"))});
+        library.context().save();
+        grown[size == 100 ? 0 : 1] = QFileInfo(log).size() - before;
+    }
+    // Each changed table and index costs a page, a deeper tree at most some more.
+    EXPECT_LE(grown[1], grown[0] * 2);
+}
+
 TEST_F(FailedSave, namesThePathAndTheReason) {
     library.close();
     ModelContainer container(Schema::current(), {library.path(), false});
