@@ -67,12 +67,14 @@ void PromptListView::build() {
     list->setPadding(QMargins(16, 0, 16, 16));
     list->setGap(2);
     list->setBottomFade(ColorRole::window);
-    list->setSource({.count = [this] { return static_cast<int>(shown.size()); },
-                     .height = [this](int index, int width) { return PromptRow::heightOf(*shown[index], width); },
-                     .make = [](int, QWidget* rowParent) -> QWidget* { return new PromptRow(rowParent); },
-                     .bind = [this](QWidget* row, int index) { bindRow(row, index); },
-                     .kind = {},
-                     .hover = [](QWidget* row, bool hovered) { static_cast<PromptRow*>(row)->setHovered(hovered); }});
+    LazyList::Source source;
+    source.count = [this] { return static_cast<int>(shown.size()); };
+    source.height = [this](int index, int width) { return PromptRow::heightOf(*shown[index], width); };
+    source.make = [](int, QWidget* rowParent) -> QWidget* { return new PromptRow(rowParent); };
+    source.bind = [this](QWidget* row, int index) { bindRow(row, index); };
+    source.hover = [](QWidget* row, bool hovered) { static_cast<PromptRow*>(row)->setHovered(hovered); };
+    source.isSelected = [this](int index) { return isSelected(*shown[index]); };
+    list->setSource(std::move(source));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -107,7 +109,11 @@ void PromptListView::bindRow(QWidget* widget, int index) {
     row->onEdit = [this, prompt] { edit(prompt); };
     row->onCopy = [this, prompt] { copy(prompt); };
     row->onTogglePin = [this, prompt] { togglePin(prompt); };
-    row->setPrompt(prompt, selected && prompt->id() == selected->id());
+    row->setPrompt(prompt, isSelected(*prompt));
+}
+
+bool PromptListView::isSelected(const Prompt& prompt) const {
+    return selected && selected->id() == prompt.id();
 }
 
 void PromptListView::setSearchText(const QString& text) {

@@ -74,6 +74,7 @@ private:
     void showEmptyState(bool shown);
     void showMenuOfSelection();
     [[nodiscard]] QString countTextFor(const QList<Prompt*>& visible) const;
+    [[nodiscard]] bool isSelected(const Prompt& prompt) const;
     /// The selection, unless it was deleted elsewhere.
     [[nodiscard]] Prompt* livingSelection() const;
     bool handlePlainKey(const QKeyEvent& event);

@@ -61,6 +61,13 @@ QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
     return result;
 }
 
+QStringList shownTagNames(const Prompt& prompt) {
+    QStringList names;
+    for (const auto& [name, color] : shownTags(prompt))
+        names += name;
+    return names;
+}
+
 void paintText(QPainter& painter, const Prompt& prompt, int rowWidth) {
     const Theme& theme = Theme::shared();
     const int width = textWidth(rowWidth);
@@ -128,6 +135,7 @@ void PromptRow::setPrompt(Prompt* prompt, bool isSelected) {
     star->setHelp(prompt->isPinned() ? QStringLiteral("Unpin prompt") : QStringLiteral("Pin prompt to top"));
     star->setRestOpacity(prompt->isPinned() ? 1 : 0.5);
     setAccessibleName(titleOf(*prompt));
+    setAccessibleDescription(shownTagNames(*prompt).join(QStringLiteral(", ")));
     // Of all rows, only the selected one's buttons are stops of the Tab key; a click leaves the keyboard to the list.
     for (QWidget* button : {star, editButton, copyButton})
         button->setFocusPolicy(selected ? Qt::TabFocus : Qt::NoFocus);

@@ -17,8 +17,8 @@ namespace {
 /// Loose records: neither search nor order needs a store.
 class Library final {
 public:
-    Prompt* add(const QString& title, const QString& body, const QList<Tag*>& tags = {}) {
-        return prompts.emplace_back(std::make_unique<Prompt>(title, body, tags)).get();
+    Prompt* add(const QString& title, const QString& body, const QList<Tag*>& own = {}) {
+        return prompts.emplace_back(std::make_unique<Prompt>(title, body, own)).get();
     }
     Prompt* addDated(qint64 updated, bool pinned = false, std::optional<qint64> pinDate = std::nullopt) {
         Prompt* prompt = add(QStringLiteral("t"), QStringLiteral("b"));

@@ -1,0 +1,149 @@
+#include "PromptRow.h"
+
+#include "interface/IconButton.h"
+#include "LibraryFixture.h"
+
+#include <QAccessible>
+
+namespace Quillstacks {
+namespace {
+
+using namespace std::chrono_literals;
+
+class PromptRowTest : public LibraryFixture {
+protected:
+    PromptRow& rowOf(Prompt* prompt, bool isSelected = false) {
+        row.onEdit = [this] { ++edits; };
+        row.onCopy = [this] { ++copies; };
+        row.onTogglePin = [this] { ++pins; };
+        row.setPrompt(prompt, isSelected);
+        return row;
+    }
+    IconButton* button(const QString& help) { return named<IconButton>(row, help); }
+
+    PromptRow row;
+    int edits = 0;
+    int copies = 0;
+    int pins = 0;
+};
+
+} // namespace
+
+TEST_F(PromptRowTest, aPromptWithSixTagsShowsFour) {
+    QList<Tag*> tags;
+    for (const char* name : {"f", "e", "d", "c", "b", "a"})
+        tags += addTag(QLatin1String(name));
+    rowOf(addPrompt(QStringLiteral("t"), QStringLiteral("b"), tags));
+    EXPECT_EQ(row.accessibleDescription(), QStringLiteral("f, e, d, c"));
+}
+
+TEST_F(PromptRowTest, anEmptyTitleReadsAsUntitled) {
+    rowOf(addPrompt(QString()));
+    EXPECT_EQ(row.accessibleName(), QStringLiteral("Untitled"));
+}
+
+TEST_F(PromptRowTest, theTwoButtonsAreShownWhileHoveredOrSelectedOnly) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"));
+    rowOf(prompt);
+    EXPECT_FALSE(button(QStringLiteral("Edit")));
+    EXPECT_FALSE(button(QStringLiteral("Copy prompt body")));
+    row.setHovered(true);
+    EXPECT_TRUE(button(QStringLiteral("Edit")));
+    EXPECT_TRUE(button(QStringLiteral("Copy prompt body")));
+    row.setHovered(false);
+    EXPECT_FALSE(button(QStringLiteral("Edit")));
+    row.setPrompt(prompt, true);
+    EXPECT_TRUE(button(QStringLiteral("Edit")));
+}
+
+TEST_F(PromptRowTest, theStarSaysWhatItDoes) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"));
+    rowOf(prompt);
+    IconButton* star = button(QStringLiteral("Pin prompt to top"));
+    ASSERT_TRUE(star);
+    EXPECT_EQ(star->symbol(), QStringLiteral("star"));
+    prompt->togglePin();
+    row.setPrompt(prompt, false);
+    EXPECT_EQ(star->symbol(), QStringLiteral("star.fill"));
+    EXPECT_EQ(star->toolTip(), QStringLiteral("Unpin prompt"));
+    star->click();
+    EXPECT_EQ(pins, 1);
+}
+
+TEST_F(PromptRowTest, editCallsBack) {
+    rowOf(addPrompt(QStringLiteral("t")), true);
+    button(QStringLiteral("Edit"))->click();
+    EXPECT_EQ(edits, 1);
+}
+
+TEST_F(PromptRowTest, afterACopyTheButtonSaysCopiedFor1200Milliseconds) {
+    rowOf(addPrompt(QStringLiteral("t")), true);
+    IconButton* copy = button(QStringLiteral("Copy prompt body"));
+    copy->click();
+    EXPECT_EQ(copies, 1);
+    EXPECT_TRUE(row.didCopy());
+    EXPECT_EQ(copy->toolTip(), QStringLiteral("Copied"));
+    EXPECT_EQ(copy->symbol(), QStringLiteral("checkmark.circle.fill"));
+    clock.advance(1199ms);
+    EXPECT_TRUE(row.didCopy());
+    clock.advance(1ms);
+    EXPECT_FALSE(row.didCopy());
+    EXPECT_EQ(copy->symbol(), QStringLiteral("doc.on.doc"));
+}
+
+TEST_F(PromptRowTest, aSecondCopyWithinThatTimeDoesNotProlongIt) {
+    rowOf(addPrompt(QStringLiteral("t")), true);
+    IconButton* copy = button(QStringLiteral("Copy prompt body"));
+    copy->click();
+    clock.advance(1s);
+    copy->click();
+    EXPECT_EQ(copies, 2);
+    clock.advance(200ms);
+    EXPECT_FALSE(row.didCopy());
+}
+
+TEST_F(PromptRowTest, aRowThatIsUsedAgainForAnotherPromptHasNotCopiedIt) {
+    rowOf(addPrompt(QStringLiteral("first")), true);
+    button(QStringLiteral("Copy prompt body"))->click();
+    row.setPrompt(addPrompt(QStringLiteral("second")), true);
+    EXPECT_FALSE(row.didCopy());
+    button(QStringLiteral("Copy prompt body"))->click();
+    clock.advance(1199ms);
+    EXPECT_TRUE(row.didCopy());
+}
+
+TEST_F(PromptRowTest, theHeightFollowsLinesAndTagsAndIsAtLeast80) {
+    Tag* tag = addTag(QStringLiteral("Tag"));
+    const QString longBody = QStringLiteral("word ").repeated(200);
+    const auto height = [&](const QString& body, const QList<Tag*>& tags) {
+        return PromptRow::heightOf(*addPrompt(QStringLiteral("t"), body, tags), 928);
+    };
+    EXPECT_EQ(height(QString(), {}), 80);
+    EXPECT_EQ(height(QStringLiteral("one line"), {}), 80);
+    EXPECT_GT(height(QStringLiteral("one line"), {tag}), height(QString(), {tag}));
+    EXPECT_GT(height(longBody, {tag}), height(QStringLiteral("one line"), {tag}));
+    EXPECT_EQ(height(longBody, {tag}), height(QStringLiteral("a\nb\nc\nd"), {tag}));
+}
+
+TEST_F(PromptRowTest, onlyTheSelectedRowsButtonsAreStopsOfTheTabKey) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"));
+    rowOf(prompt, false);
+    for (const IconButton* one : row.findChildren<IconButton*>())
+        EXPECT_EQ(one->focusPolicy(), Qt::NoFocus);
+    row.setPrompt(prompt, true);
+    for (const IconButton* one : row.findChildren<IconButton*>())
+        EXPECT_EQ(one->focusPolicy(), Qt::TabFocus);
+}
+
+TEST_F(PromptRowTest, assistiveToolsHearWhetherItIsSelected) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"));
+    rowOf(prompt, true);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&row);
+    ASSERT_TRUE(accessible);
+    EXPECT_EQ(accessible->role(), QAccessible::ListItem);
+    EXPECT_TRUE(accessible->state().selected);
+    row.setPrompt(prompt, false);
+    EXPECT_FALSE(accessible->state().selected);
+}
+
+} // namespace Quillstacks

@@ -1,0 +1,106 @@
+#include "interface/AppearanceMode.h"
+#include "interface/LazyList.h"
+#include "interface/Sheet.h"
+#include "interface/Style.h"
+#include "interface/TextField.h"
+#include "interface/Theme.h"
+#include "library/model/ModelContainer.h"
+#include "library/model/ModelContext.h"
+#include "library/PromptEditorView.h"
+#include "library/PromptListView.h"
+#include "mainwindow/ContentView.h"
+#include "Samples.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Quillstacks;
+
+namespace {
+
+constexpr int settleTime = 700; ///< milliseconds, longer than any animation
+
+/// Takes one picture after another of a content view, and leaves it each time as it was.
+class Camera final {
+public:
+    Camera(ContentView& content, QString outputFolder) : view(content), folder(std::move(outputFolder)) {}
+
+    void takeAll(ModelContext& context) {
+        PromptListView& list = view.promptList();
+        const QList<Prompt*> prompts = list.filteredPrompts();
+        list.select(prompts.at(1));
+        hoverRow(3);
+        take("main");
+        list.askToDeleteSelection();
+        take("alert");
+        list.cancelDeletion();
+        list.select(prompts.at(3));
+        view.setSelectedTagId(context.tagsWithName(QStringLiteral("Code")).first()->id());
+        list.copy(prompts.at(3));
+        take("toast");
+        view.setSelectedTagId(Uuid());
+        view.setSearchText(QStringLiteral("no hits at all"));
+        take("search-without-hits");
+        view.setSearchText(QString());
+        list.moveSelection(99);
+        for (int i = 0; i < 20; ++i)
+            list.moveSelection(1);
+        take("end-of-list");
+        takeEditors(prompts.at(1));
+    }
+    void take(const char* name) {
+        QTest::qWait(settleTime);
+        view.grab().save(folder + QLatin1Char('/') + QLatin1String(name) + QStringLiteral(".png"));
+    }
+
+private:
+    void hoverRow(int index) {
+        auto* rows = view.findChild<LazyList*>();
+        QTest::mouseMove(rows->viewport(), rows->rowGeometry(index).center());
+    }
+    void takeEditors(Prompt* prompt) {
+        PromptListView& list = view.promptList();
+        view.resize(1440, 900);
+        list.edit(prompt);
+        take("editor");
+        Sheet::top(&list)->dismiss();
+        list.newPrompt();
+        take("editor-new");
+        view.resize(1280, 720);
+        take("editor-small-window");
+        Sheet::top(&list)->dismiss();
+    }
+
+    ContentView& view;
+    QString folder;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QTemporaryDir home;
+    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
+        qputenv(name, home.path().toUtf8());
+    QApplication application(argc, argv);
+    QFont font(QStringLiteral("Inter"));
+    font.setPointSizeF(10.5);
+    QApplication::setFont(font);
+    installStyle(application);
+    const QStringList arguments = QApplication::arguments();
+    const QString folder = arguments.value(1, QStringLiteral("."));
+    QDir().mkpath(folder);
+    appearanceModePreference().set(arguments.contains(QStringLiteral("light")) ? AppearanceMode::light
+                                                                               : AppearanceMode::dark);
+
+    ModelContainer container(Schema::current(), {home.filePath(QStringLiteral("Quillstacks.store"))});
+    ContentView view(container.mainContext());
+    view.resize(1280, 720);
+    view.show();
+    Camera camera(view, folder);
+    camera.take("empty");
+    addSamples(container.mainContext());
+    camera.takeAll(container.mainContext());
+    return 0;
+}
