@@ -64,75 +64,74 @@ StoreError openingError(const SQLite::Exception& error, const QString& path) {
 } // namespace
 
 Store::Store(const QString& path) : filePath(path) {
-    try {
+    claim.emplace(filePath);
+    if (!StoreFile::check(filePath)) {
+        StoreFile::create(filePath);
         claim.emplace(filePath);
-        if (!StoreFile::check(filePath)) {
-            StoreFile::create(filePath);
-            claim.emplace(filePath);
-        }
-        if (!lookFirst()) {
-            turnLogOn();
-            lookFirst();
-        }
-        const StoreFile::Signature looked = StoreFile::signature(filePath);
-        StoreFile::makePrivate(filePath);
-        openForGood();
-        if (StoreFile::signature(filePath) != looked)
-            throw StoreError(StoreError::Kind::locked, filePath, QStringLiteral("it was changed meanwhile"));
-        if (StoreSchema::version(*database) < StoreSchema::currentVersion()) {
-            StoreSchema::upgrade(*database, filePath, StoreSchema::steps());
-            records = StoreReader::readAll(*database);
-        }
-        setWriteBackOnClose(*database, true);
-        selectVersions.emplace(*database, textOf("SELECT ", StoreReader::versionColumns,
-                                                 " FROM versions WHERE prompt=? ORDER BY position"));
-        selectAnyVersion.emplace(*database, "SELECT 1 FROM versions WHERE prompt=? LIMIT 1");
-        writer.emplace(*database);
-        StoreFile::makePrivate(filePath);
-    } catch (const SQLite::Exception& error) {
-        throw openingError(error, filePath);
     }
+    const SideFiles sideFiles(filePath);
+    try {
+        open();
+    } catch (const SQLite::Exception& error) {
+        const StoreError failure = openingError(error, filePath);
+        if (failure.kind() != StoreError::Kind::locked) // what is there then belongs to the other process
+            sideFiles.clear();
+        throw failure;
+    } catch (const StoreError& failure) {
+        if (failure.kind() != StoreError::Kind::locked)
+            sideFiles.clear();
+        throw;
+    }
+}
+
+void Store::open() {
+    if (!lookFirst()) {
+        turnLogOn();
+        lookFirst();
+    }
+    const StoreFile::Signature looked = StoreFile::signature(filePath);
+    StoreFile::makePrivate(filePath);
+    openForGood();
+    if (StoreFile::signature(filePath) != looked)
+        throw StoreError(StoreError::Kind::locked, filePath, QStringLiteral("it was changed meanwhile"));
+    if (StoreSchema::version(*database) < StoreSchema::currentVersion()) {
+        StoreSchema::upgrade(*database, filePath, StoreSchema::steps());
+        records = StoreReader::readAll(*database);
+    }
+    selectVersions.emplace(
+        *database, textOf("SELECT ", StoreReader::versionColumns, " FROM versions WHERE prompt=? ORDER BY position"));
+    selectAnyVersion.emplace(*database, "SELECT 1 FROM versions WHERE prompt=? LIMIT 1");
+    writer.emplace(*database);
+    setWriteBackOnClose(*database, true);
+    StoreFile::makePrivate(filePath);
 }
 
 Store::~Store() = default;
 
-/// In the exclusive mode SQLite keeps its index of the log in memory, so this look leaves no trace in any file. Tells
-/// whether the write-ahead log is on.
+/// In the exclusive mode SQLite keeps its index of the log in memory, so this look changes no file; at most it makes an
+/// empty log. Tells whether the write-ahead log is on.
 bool Store::lookFirst() {
-    const SideFiles sideFiles(filePath);
     SQLite::Database look(QFile::encodeName(filePath).constData(), openFlags);
     setWriteBackOnClose(look, false);
-    try {
-        look.exec("PRAGMA locking_mode=EXCLUSIVE");
-        look.exec("PRAGMA query_only=ON");
-        look.exec("PRAGMA trusted_schema=OFF");
-        refuseUnknownVersion(look, filePath);
-        if (StoreSchema::version(look) == StoreSchema::currentVersion())
-            records = StoreReader::readAll(look);
-        return look.execAndGet("PRAGMA journal_mode").getString() == "wal";
-    } catch (...) {
-        sideFiles.clear();
-        throw;
-    }
+    look.exec("PRAGMA locking_mode=EXCLUSIVE");
+    look.exec("PRAGMA query_only=ON");
+    look.exec("PRAGMA trusted_schema=OFF");
+    refuseUnknownVersion(look, filePath);
+    if (StoreSchema::version(look) == StoreSchema::currentVersion())
+        records = StoreReader::readAll(look);
+    return look.execAndGet("PRAGMA journal_mode").getString() == "wal";
 }
 
 /// A sound store may be without it, as the copy is that is made before an upgrade.
 void Store::turnLogOn() {
-    SQLite::Database open(QFile::encodeName(filePath).constData(), openFlags);
-    open.exec("PRAGMA journal_mode=WAL");
+    SQLite::Database plain(QFile::encodeName(filePath).constData(), openFlags);
+    plain.exec("PRAGMA journal_mode=WAL");
 }
 
 void Store::openForGood() {
-    const SideFiles sideFiles(filePath);
     database.emplace(QFile::encodeName(filePath).constData(), openFlags);
     setWriteBackOnClose(*database, false);
-    try {
-        hold();
-    } catch (const SQLite::Exception& error) {
-        if ((error.getErrorCode() & 0xff) != SQLITE_BUSY)
-            sideFiles.clear();
-        throw;
-    }
+    hold();
     database->exec("PRAGMA synchronous=FULL");
     database->exec("PRAGMA foreign_keys=ON");
     database->exec("PRAGMA trusted_schema=OFF");

@@ -35,6 +35,7 @@ public:
     void write(const PendingChanges& changes);
 
 private:
+    void open();
     bool lookFirst();
     void turnLogOn();
     void openForGood();

@@ -280,3 +280,29 @@ TEST(StoreCreation, onAFullDiskNothingIsLeftBehind) {
     EXPECT_EQ(failure->kind(), Kind::diskFull) << qPrintable(failure->debugDescription());
     EXPECT_TRUE(left.isEmpty());
 }
+
+TEST(StoreOnAFullDisk, isRefusedAndStaysAsItWas) {
+    QTemporaryDir folder;
+    const QByteArray name = QFile::encodeName(folder.path());
+    if (::mount("tmpfs", name.constData(), "tmpfs", 0, "size=200k") != 0)
+        GTEST_SKIP() << "this needs the right to mount a tiny disk";
+    const QString path = folder.filePath(QStringLiteral("Quillstacks.store"));
+    { const ModelContainer container(Schema::current(), {path}); }
+    {
+        QFile filler(folder.filePath(QStringLiteral("filler")));
+        ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        while (filler.write(QByteArray(1024, 'x')) == 1024) {
+        }
+    }
+    const FolderBytes before = bytesOf(folder.path());
+    const auto failure = failureOf(path);
+    const FolderBytes after = bytesOf(folder.path());
+    QFile::remove(folder.filePath(QStringLiteral("filler")));
+    const auto later = failureOf(path);
+    ::umount(name.constData());
+
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(failure->kind(), Kind::diskFull) << qPrintable(failure->debugDescription());
+    EXPECT_EQ(after, before);
+    EXPECT_FALSE(later.has_value());
+}
