@@ -16,6 +16,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 
 namespace Quillstacks {
 namespace {
@@ -73,8 +74,12 @@ Sheet::Sheet(QWidget* host, std::unique_ptr<QWidget> content, Options given)
     card = new SheetCard(std::move(content), this);
     window->installEventFilter(this);
     contentWidget->installEventFilter(this);
+    // Without a word then: who listens is often the host itself, or holds it, and is half gone.
     if (host != window)
-        connect(host, &QObject::destroyed, this, &Sheet::dismiss);
+        connect(host, &QObject::destroyed, this, [this] {
+            const QSignalBlocker quiet(this);
+            dismiss();
+        });
     connect(&animation, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& now) { showProgress(now.toReal()); });
     connect(&animation, &QVariantAnimation::finished, this, [this] {

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] QRect cardGeometry() const;
 
 Q_SIGNALS:
-    /// Told once; not when its window is destroyed first.
+    /// Told once; not when its host or its window is destroyed first.
     void closed();
 
 protected:
