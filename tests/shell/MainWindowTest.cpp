@@ -64,8 +64,10 @@ TEST_F(MainScene, onASmallerScreenTheWindowTakesWhatThereIsAndTheContentKeepsIts
     MainWindow window({container.get(), {}});
     window.open();
     const QSize available = window.screen()->availableSize();
-    EXPECT_EQ(window.minimumSize(), QSize(1280, 720).boundedTo(available));
-    EXPECT_LE(window.width(), available.width());
+    EXPECT_LE(window.frameGeometry().width(), available.width());
+    EXPECT_LE(window.frameGeometry().height(), available.height());
+    const QSize frame = window.frameGeometry().size() - window.size();
+    EXPECT_EQ(window.minimumSize(), QSize(1280, 720).boundedTo(available - frame));
     EXPECT_GE(window.contentView()->width(), 1280);
     EXPECT_GE(window.contentView()->height(), 720);
 }
