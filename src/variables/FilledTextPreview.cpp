@@ -4,7 +4,6 @@
 #include "interface/PlainTextEdit.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
-#include "interface/Transition.h"
 
 #include <QPainter>
 #include <QResizeEvent>
@@ -25,7 +24,7 @@ constexpr int foldMilliseconds = 200;
 
 } // namespace
 
-FilledTextPreview::FilledTextPreview(QWidget* parent) : QWidget(parent) {
+FilledTextPreview::FilledTextPreview(QWidget* parent) : QWidget(parent), unfolding(this, foldMilliseconds) {
     setObjectName(QStringLiteral("FilledTextPreview"));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     edit = new PlainTextEdit(this);
@@ -34,8 +33,7 @@ FilledTextPreview::FilledTextPreview(QWidget* parent) : QWidget(parent) {
     edit->setAccessibleName(QStringLiteral("Preview"));
     edit->setTabChangesFocus(true);
     refresh();
-    unfolding = new Transition(this, foldMilliseconds);
-    connect(unfolding, &Transition::valueChanged, this, &FilledTextPreview::fold);
+    connect(&unfolding, &Transition::valueChanged, this, &FilledTextPreview::fold);
     connect(&Theme::shared(), &Theme::changed, this, &FilledTextPreview::refresh);
     hide();
 }
@@ -62,12 +60,12 @@ QString FilledTextPreview::text() const {
 void FilledTextPreview::setOpen(bool open) {
     if (open)
         show();
-    unfolding->to(open ? 1 : 0);
+    unfolding.to(open ? 1 : 0);
     fold();
 }
 
 void FilledTextPreview::fold() {
-    if (unfolding->target() <= 0 && unfolding->value() <= 0)
+    if (unfolding.target() <= 0 && unfolding.value() <= 0)
         hide();
     updateGeometry();
 }
@@ -82,7 +80,7 @@ int FilledTextPreview::wantedTextHeight() const {
 }
 
 int FilledTextPreview::folded(int height) const {
-    return static_cast<int>(height * std::clamp(unfolding->value(), 0.0, 1.0));
+    return static_cast<int>(height * std::clamp(unfolding.value(), 0.0, 1.0));
 }
 
 QSize FilledTextPreview::sizeHint() const {
@@ -95,7 +93,7 @@ QSize FilledTextPreview::minimumSizeHint() const {
 
 QRect FilledTextPreview::textBox() const {
     // Folding covers the text from below and doesn't lay it out anew with every step.
-    const int height = unfolding->value() < 1 ? wantedTextHeight() : this->height() - textTop() - padding;
+    const int height = unfolding.value() < 1 ? wantedTextHeight() : this->height() - textTop() - padding;
     return {padding, textTop(), width() - 2 * padding, std::max(height, 0)};
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "interface/Transition.h"
+
 #include <QWidget>
 
 namespace Quillstacks {
 
 class PlainTextEdit;
-class Transition;
 
 /// The part of the fill-in sheet that folds out to show the filled text: selectable, scrolling, at most 150 high.
 class FilledTextPreview final : public QWidget {
@@ -36,7 +37,7 @@ private:
     [[nodiscard]] int folded(int height) const;
 
     PlainTextEdit* edit = nullptr;
-    Transition* unfolding = nullptr;
+    Transition unfolding;
 };
 
 } // namespace Quillstacks

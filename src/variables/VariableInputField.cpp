@@ -6,7 +6,6 @@
 #include "interface/TextArea.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
-#include "interface/Transition.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -24,10 +23,9 @@ constexpr int clearingMilliseconds = 200;
 } // namespace
 
 VariableInputField::VariableInputField(const QString& name, const QString& value, QWidget* parent)
-    : QWidget(parent), variable(name), currentValue(value) {
+    : QWidget(parent), variable(name), currentValue(value), check(this, clearingMilliseconds) {
     setObjectName(QStringLiteral("VariableInputField"));
-    check = new Transition(this, clearingMilliseconds);
-    check->jump(isFilled() ? 1 : 0);
+    check.jump(isFilled() ? 1 : 0);
     buildField(value);
     connect(&Theme::shared(), &Theme::changed, this, &VariableInputField::placeField);
 }
@@ -74,7 +72,7 @@ void VariableInputField::takeOverText() {
     if (text == currentValue)
         return;
     currentValue = std::move(text);
-    check->to(isFilled() ? 1 : 0);
+    check.to(isFilled() ? 1 : 0);
     Q_EMIT valueChanged(currentValue);
 }
 
@@ -130,9 +128,9 @@ void VariableInputField::paintEvent(QPaintEvent*) {
     painter.setPen(theme.color(ColorRole::text));
     painter.drawText(QRect(left, 0, room, line), Qt::AlignLeft | Qt::AlignVCenter,
                      QFontMetrics(font).elidedText(variable, Qt::ElideRight, room));
-    if (check->value() <= 0)
+    if (check.value() <= 0)
         return;
-    painter.setOpacity(check->value());
+    painter.setOpacity(check.value());
     Symbol::paint(painter, QRectF(width() - symbolSize, (line - symbolSize) / 2.0, symbolSize, symbolSize),
                   QStringLiteral("checkmark.circle.fill"), theme.color(ColorRole::green));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "interface/Transition.h"
+
 #include <QWidget>
 
 #include <functional>
@@ -7,7 +9,6 @@
 namespace Quillstacks {
 
 class TextArea;
-class Transition;
 
 /// The name of a variable and the field for its value. Return submits; with Shift, Ctrl or Alt it begins a new line.
 class VariableInputField final : public QWidget {
@@ -51,7 +52,7 @@ private:
 
     QString currentValue;
     TextArea* field = nullptr;
-    Transition* check = nullptr;
+    Transition check; ///< how far the check mark has come
 };
 
 } // namespace Quillstacks

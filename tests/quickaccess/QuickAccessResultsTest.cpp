@@ -1,6 +1,8 @@
 // What the search finds, and in which order.
 #include "QuickAccessFixture.h"
 
+#include "foundation/Clock.h"
+
 namespace Quillstacks {
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include "interface/Theme.h"
 
+#include <QAccessible>
+
 namespace Quillstacks {
 namespace {
 
@@ -64,14 +66,23 @@ TEST_F(QuickAccessRowLook, onlyTheFirstThreeTagsAreShown) {
     EXPECT_NE(three, two);
 }
 
-TEST_F(QuickAccessRowLook, assistiveToolsHearTheTitleAndWhetherItIsSelected) {
-    QuickAccessRow row;
-    row.setPrompt(add(QStringLiteral("Letter")), true);
-    EXPECT_EQ(row.accessibleName(), QStringLiteral("Letter"));
-    auto* accessible = QAccessible::queryAccessibleInterface(&row);
-    ASSERT_TRUE(accessible);
-    EXPECT_EQ(accessible->role(), QAccessible::ListItem);
-    EXPECT_TRUE(accessible->state().selected);
+class QuickAccessRowSpoken : public QuickAccessFixture {};
+
+TEST_F(QuickAccessRowSpoken, assistiveToolsHearTheTitleAndWhetherItIsSelectedAndCanPressIt) {
+    add(QStringLiteral("Letter"), QStringLiteral("text"));
+    add(QString(), QStringLiteral("other"));
+    show();
+    auto* first = QAccessible::queryAccessibleInterface(view->resultList()->row(0));
+    auto* second = QAccessible::queryAccessibleInterface(view->resultList()->row(1));
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->text(QAccessible::Name), QStringLiteral("Untitled"));
+    EXPECT_EQ(second->text(QAccessible::Name), QStringLiteral("Letter"));
+    EXPECT_EQ(second->role(), QAccessible::ListItem);
+    EXPECT_TRUE(first->state().selected);
+    EXPECT_FALSE(second->state().selected);
+    ASSERT_TRUE(second->actionInterface());
+    second->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clipboard(), QStringLiteral("text"));
 }
 
 } // namespace

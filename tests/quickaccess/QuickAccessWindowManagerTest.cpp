@@ -15,8 +15,9 @@ protected:
 
     void toggle() {
         manager.toggle();
-        if (manager.isVisible())
+        if (manager.isVisible()) {
             EXPECT_TRUE(QTest::qWaitForWindowActive(manager.windowController()));
+        }
         QTest::qWait(0);
     }
     [[nodiscard]] QuickAccessPanel* panel() const { return manager.windowController(); }

@@ -97,12 +97,6 @@ TEST_F(VariableInput, takingTheKeyboardIsTold) {
     EXPECT_TRUE(input.isTextFieldFocused());
 }
 
-TEST_F(VariableInput, tabLeavesTheField) {
-    QTest::keyClicks(edit, QStringLiteral("a"));
-    QTest::keyClick(edit, Qt::Key_Tab);
-    EXPECT_EQ(input.value(), QStringLiteral("a"));
-}
-
 TEST_F(VariableInput, everyChangeIsTold) {
     QStringList told;
     QObject::connect(&input, &VariableInputField::valueChanged, &input, [&](const QString& value) { told << value; });

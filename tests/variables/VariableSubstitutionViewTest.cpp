@@ -67,6 +67,14 @@ TEST_F(VariableSubstitution, pressingReturnInEveryFieldWalksTheFormAndCopiesInTh
     EXPECT_EQ(completions, QStringList{QStringLiteral("two and one")});
 }
 
+TEST_F(VariableSubstitution, tabGoesToTheNextField) {
+    auto* view = presentAndWait(QStringLiteral("{a}{b}"));
+    type(view, a, QStringLiteral("x"));
+    press(view, a, Qt::Key_Tab);
+    EXPECT_EQ(view->inputField(a)->value(), QStringLiteral("x"));
+    EXPECT_EQ(view->focusedField(), b);
+}
+
 TEST_F(VariableSubstitution, theEnterKeyOfTheKeypadSubmitsToo) {
     auto* view = presentAndWait(QStringLiteral("{a}"));
     type(view, a, QStringLiteral("x"));
