@@ -2,6 +2,7 @@
 
 #include "foundation/ManualClock.h"
 #include "interface/Button.h"
+#include "interface/Theme.h"
 #include "interface/ToastManager.h"
 #include "library/model/TestLibrary.h"
 #include "platform/FakeDesktop.h"
@@ -18,7 +19,10 @@ namespace Quillstacks {
 /// A library on a desktop of its own, whose time stands still.
 class LibraryFixture : public testing::Test {
 protected:
-    LibraryFixture() { FakeDesktop::fresh(); }
+    LibraryFixture() {
+        FakeDesktop::fresh();
+        Theme::shared().refresh(); // it followed the preferences of the test before
+    }
 
     Prompt* addPrompt(const QString& title, const QString& body = QStringLiteral("body"),
                       const QList<Tag*>& tags = {}) {
