@@ -14,6 +14,8 @@
 #include "variables/FillInFlow.h"
 #include "variables/VariablePreferences.h"
 
+#include <QPointer>
+
 #include <algorithm>
 
 namespace Quillstacks {
@@ -144,7 +146,10 @@ void QuickAccessView::fillIn(Prompt* prompt) {
     pending = prompt;
     sheetShown = true;
     FillInArea area;
-    area.rect = [this] { return QRect(mapTo(window(), cardRect().topLeft()), cardRect().size()); };
+    // A sheet that is fading out can outlive this view by a moment.
+    area.rect = [view = QPointer<QuickAccessView>(this)] {
+        return view ? view->cardRect().translated(view->mapTo(view->window(), QPoint())) : QRect();
+    };
     area.radius = cardRadius();
     presentFillIn(
         this, prompt->title(), prompt->body(),

@@ -3,6 +3,7 @@
 #include "foundation/ManualClock.h"
 #include "interface/Sheet.h"
 #include "interface/TextField.h"
+#include "interface/Theme.h"
 #include "interface/ToastManager.h"
 #include "library/model/ModelContainer.h"
 #include "library/model/ModelContext.h"
@@ -30,7 +31,10 @@ namespace Quillstacks {
 /// A library on disk, an empty domain, a clock that stands still and a desktop that remembers.
 class LibraryFixture : public testing::Test {
 protected:
-    LibraryFixture() { FakeDesktop::fresh(); }
+    LibraryFixture() {
+        FakeDesktop::fresh();
+        Theme::shared().refresh();
+    }
 
     /// Each one that is added is newer than those before.
     Prompt* add(const QString& title, const QString& body = {}, const QList<Tag*>& tags = {}) {

@@ -231,9 +231,10 @@ TEST_F(QuickAccessWindow, itStaysWhileTheActiveStateMovesToAnotherWindowOfThePro
 TEST_F(QuickAccessWindow, aPanelThatWasNeverActiveIsNotClosedWhileItComesUp) {
     manager.toggle();
     ASSERT_TRUE(manager.isVisible());
-    if (panel()->wasActive())
-        GTEST_SKIP() << "this platform activates within show()";
+    ASSERT_FALSE(panel()->wasActive());
     Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    QCoreApplication::sendPostedEvents(); // what is queued, without the window system's own events
+    ASSERT_FALSE(panel()->wasActive());
     EXPECT_TRUE(manager.isVisible());
 }
 
