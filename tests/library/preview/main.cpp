@@ -12,6 +12,7 @@
 #include "Samples.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
@@ -58,7 +59,7 @@ public:
 private:
     void hoverRow(int index) {
         auto* rows = view.findChild<LazyList*>();
-        QTest::mouseMove(rows->viewport(), rows->rowGeometry(index).center());
+        QCursor::setPos(rows->viewport()->mapToGlobal(rows->rowGeometry(index).center()));
     }
     void takeEditors(Prompt* prompt) {
         PromptListView& list = view.promptList();
