@@ -2,7 +2,6 @@
 
 #include <QDBusArgument>
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
@@ -64,8 +63,9 @@ DesktopSettingsSource::DesktopSettingsSource(DesktopSettings* target) : QObject(
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
+    // The slot takes the whole message: one that names its parameters' types is silently never called for this signal.
     bus.connect(portal, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+                SLOT(settingChanged(QDBusMessage)));
     ask(appearance, colorSchemeKey, readOne);
     ask(appearance, accentColorKey, readOne);
     ask(gnomeInterface, animationsKey, readOne);
@@ -89,8 +89,10 @@ void DesktopSettingsSource::answered(QDBusPendingCallWatcher* call, const QStrin
         ask(nameSpace, key, readOld);
 }
 
-void DesktopSettingsSource::settingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value) {
-    apply(nameSpace, key, unwrapped(value.variant()));
+void DesktopSettingsSource::settingChanged(const QDBusMessage& message) {
+    const QVariantList arguments = message.arguments();
+    if (arguments.size() == 3)
+        apply(arguments.at(0).toString(), arguments.at(1).toString(), unwrapped(arguments.at(2)));
 }
 
 void DesktopSettingsSource::apply(const QString& nameSpace, const QString& key, const QVariant& value) {

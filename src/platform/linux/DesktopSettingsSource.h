@@ -2,11 +2,11 @@
 
 #include "platform/DesktopSettings.h"
 
+#include <QDBusMessage> // in full: the bus finds a slot only if it knows the types of its parameters
 #include <QString>
 #include <QVariant>
 
 class QDBusPendingCallWatcher;
-class QDBusVariant;
 
 namespace Quillstacks {
 
@@ -18,7 +18,7 @@ public:
     explicit DesktopSettingsSource(DesktopSettings* settings);
 
 private Q_SLOTS:
-    void settingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& message);
 
 private:
     /// `method` is "ReadOne"; where the portal is too old to know it, "Read".

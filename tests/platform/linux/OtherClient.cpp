@@ -84,6 +84,15 @@ std::vector<quint32> OtherClient::property(xcb_window_t window, const char* name
     return {values, values + reply->value_len};
 }
 
+bool OtherClient::hasMessage(const char* type) {
+    const xcb_atom_t wanted = atom(type);
+    while (const auto event = owned(xcb_poll_for_event(connection)))
+        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
+            reinterpret_cast<const xcb_client_message_event_t*>(event.get())->type == wanted)
+            return true;
+    return false;
+}
+
 void OtherClient::settle() {
     // An answer to any question says that all before it has been done.
     owned(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));

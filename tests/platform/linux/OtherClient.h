@@ -31,6 +31,8 @@ public:
     [[nodiscard]] xcb_window_t activeWindow();
     /// A property's 32-bit values.
     [[nodiscard]] std::vector<quint32> property(xcb_window_t window, const char* name);
+    /// Whether a message of this type has come to one of its windows.
+    [[nodiscard]] bool hasMessage(const char* type);
 
 private:
     void settle();

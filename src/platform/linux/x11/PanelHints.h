@@ -15,6 +15,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void tellOnceShown();
+
     QWidget* panel = nullptr;
 };
 
