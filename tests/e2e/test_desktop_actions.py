@@ -23,8 +23,7 @@ class DesktopActions(DesktopCase):
         program = self.started()
         person.close_main_window(program)
         bus.perform("new-prompt")
-        field = program.ui.find("Title", "text")
-        until(lambda: field.is_focused, "the title field to have the keyboard")
+        field = person.title_field(program)
         keyboard.type_text("From outside")
         until(lambda: field.text == "From outside", "the title to hold what was typed")
 

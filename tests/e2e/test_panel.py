@@ -4,7 +4,7 @@ import unittest
 
 from driver import keyboard, person, windows
 from driver.desktop_case import DesktopCase
-from driver.program import MAIN, PANEL
+from driver.program import MAIN
 from driver.waiting import stays, until
 
 SIZE = (712, 552)
@@ -49,7 +49,7 @@ class Panel(DesktopCase):
         program.wait_for_no_panel()
         person.call_panel(program)
         self.assertEqual(person.search_field(program).text, "")
-        until(lambda: person.rows(program) == ["Beta", "Alpha"], "both rows")
+        until(lambda: person.panel_rows(program) == ["Beta", "Alpha"], "both rows")
 
     def test_closes_when_another_programs_window_is_clicked_and_the_next_press_opens_it(self):
         program = self.started()
@@ -92,8 +92,7 @@ class Panel(DesktopCase):
         person.close_main_window(program)
         other = self.other_program()
         other.click_into()
-        subprocess.run(["xdotool", "windowstate", "--add", "FULLSCREEN", str(other.window.number)], check=True)
-        until(lambda: "FULLSCREEN" in other.window.states, "a full-screen window")
+        other.fill_screen()
         panel = person.call_panel(program)
         until(lambda: _stacking().index(panel.number) > _stacking().index(other.window.number), "the panel above it")
 
@@ -141,7 +140,7 @@ class TwoMonitors(DesktopCase):
                 self.assertLessEqual(abs(panel.area.centre[1] - 450), 1)
                 self.assertEqual(panel.area.width, width)
                 keyboard.press_hot_key()
-                windows.wait_gone(PANEL, program.pid)
+                program.wait_for_no_panel()
 
 
 def _stacking():

@@ -4,6 +4,7 @@ import unittest
 
 from driver import clipboard, keyboard, person
 from driver.desktop_case import DesktopCase
+from driver.waiting import until
 
 
 class Restart(DesktopCase):
@@ -14,8 +15,7 @@ class Restart(DesktopCase):
         self.assertEqual(program.end(), 0)
 
         program = self.started()
-        program.ui.find("First", "list item")
-        self.assertEqual(person.rows(program), ["Second", "First"])
+        until(lambda: person.list_rows(program) == ["Second", "First"], "both prompts")
 
     def test_saved_prompts_are_there_after_the_process_was_killed(self):
         program = self.started()
@@ -34,13 +34,12 @@ class Restart(DesktopCase):
         program = self.started()
         person.make_prompt(program, "Saved", "kept")
         keyboard.press("ctrl+n")
-        program.ui.find("Title", "text")
+        person.title_field(program)
         keyboard.type_text("Half a ti")
         program.kill()
 
         program = self.started()
-        program.ui.find("Saved", "list item")
-        self.assertEqual(person.rows(program), ["Saved"])
+        until(lambda: person.list_rows(program) == ["Saved"], "the saved prompt alone")
 
     def test_folder_and_files_are_the_users_alone(self):
         program = self.started()

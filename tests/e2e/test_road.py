@@ -62,7 +62,7 @@ class Road(DesktopCase):
         until(lambda: editor.text == body, "the pasted body")
         clipboard.put("something else")
         keyboard.press("ctrl+s")
-        program.ui.gone("Title", "text")
+        person.editor_gone(program)
         person.call_panel(program)
         keyboard.press("Return")
         program.wait_for_no_panel()

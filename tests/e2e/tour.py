@@ -62,7 +62,7 @@ class Tour:
         self._begin("write another with the mouse")
         ui = self._program.ui
         ui.find("New Prompt", "push button").click()
-        ui.find("Title", "text").click()
+        person.title_field(self._program).click()
         keyboard.type_text(SECOND[0])
         editor = ui.find("Prompt text", "text")
         editor.click()
@@ -71,8 +71,8 @@ class Tour:
         self._done()
         self._begin("two prompts in the list")
         ui.find("Create", "push button").click()
-        ui.gone("Title", "text")
-        until(lambda: person.rows(self._program) == [SECOND[0], FIRST[0]], "both prompts in the list")
+        person.editor_gone(self._program)
+        until(lambda: person.list_rows(self._program) == [SECOND[0], FIRST[0]], "both prompts in the list")
         self._done()
 
     def _call(self):
@@ -85,7 +85,7 @@ class Tour:
 
         self._begin("call the panel by its hot key")
         person.call_panel(self._program)
-        until(lambda: person.rows(self._program) == [SECOND[0], FIRST[0]], "both prompts in the panel")
+        until(lambda: person.panel_rows(self._program) == [SECOND[0], FIRST[0]], "both prompts in the panel")
         self._done()
         self._begin("type three letters")
         person.search(self._program, "tra", FIRST[0])

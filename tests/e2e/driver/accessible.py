@@ -55,13 +55,14 @@ class Control:
     @property
     def text(self):
         """What an editable or readable control holds; None when it has no text."""
-        holder = self._node.get_text_iface()
-        return None if holder is None else Atspi.Text.get_text(holder, 0, Atspi.Text.get_character_count(holder))
+        if "Text" not in self._node.get_interfaces():
+            return None
+        return Atspi.Text.get_text(self._node, 0, Atspi.Text.get_character_count(self._node))
 
     @property
     def area(self):
         """x, y, width and height on the screen."""
-        box = self._node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        box = self._node.get_extents(Atspi.CoordType.SCREEN)
         return box.x, box.y, box.width, box.height
 
     def click(self, times=1, button=1):

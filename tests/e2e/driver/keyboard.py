@@ -15,7 +15,11 @@ def press(*keys):
 
 def type_text(text):
     """Types a text, each character as the keys that give it. Line ends are Return."""
-    _tool("type", "--delay", "8", "--", text)
+    for number, line in enumerate(text.split("\n")):
+        if number:
+            press("Return")  # the tool itself would send Linefeed, which no keyboard has
+        if line:
+            _tool("type", "--delay", "8", "--", line)
 
 
 def press_hot_key():
@@ -27,7 +31,7 @@ def press_hot_key():
 
 
 def move_pointer(x, y):
-    _tool("mousemove", "--sync", str(x), str(y))
+    _tool("mousemove", str(x), str(y))
 
 
 def click(x, y, button=1, times=1):

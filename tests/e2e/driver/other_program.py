@@ -1,11 +1,11 @@
 """Somebody else's program: a window that notes which keys reach it."""
-import ctypes
 import re
 import subprocess
 import tempfile
 
 from . import keyboard, windows
 from .waiting import until
+from .xlib import Connection
 
 
 class OtherProgram:
@@ -31,24 +31,9 @@ class OtherProgram:
         self._process.wait()
         self._notes.close()
 
-
-class KeyHolder:
-    """A program that holds a key combination for itself."""
-
-    def __init__(self, keycode, modifiers):
-        self._library = ctypes.CDLL("libX11.so.6")
-        self._library.XOpenDisplay.restype = ctypes.c_void_p
-        self._library.XDefaultRootWindow.restype = ctypes.c_ulong
-        self._library.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
-        self._library.XGrabKey.argtypes = [ctypes.c_void_p, ctypes.c_int, ctypes.c_uint, ctypes.c_ulong, ctypes.c_int,
-                                           ctypes.c_int, ctypes.c_int]
-        self._library.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
-        self._library.XCloseDisplay.argtypes = [ctypes.c_void_p]
-        self._display = self._library.XOpenDisplay(None)
-        root = self._library.XDefaultRootWindow(self._display)
-        asynchronous = 1
-        self._library.XGrabKey(self._display, int(keycode), modifiers, root, False, asynchronous, asynchronous)
-        self._library.XSync(self._display, False)
-
-    def end(self):
-        self._library.XCloseDisplay(self._display)
+    def fill_screen(self):
+        connection = Connection()
+        add, by_a_pager = 1, 2
+        connection.ask_window_manager(self.window.number, "_NET_WM_STATE", add, "_NET_WM_STATE_FULLSCREEN", 0, by_a_pager)
+        connection.close()
+        until(lambda: "FULLSCREEN" in self.window.states, f"“{self.name}” to fill the screen")

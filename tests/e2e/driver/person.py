@@ -3,12 +3,22 @@ from . import keyboard
 from .waiting import until
 
 
+def title_field(program):
+    """The title field of the open editor, with the keyboard."""
+    field = program.ui.find("New Prompt", "filler").find("", "text")  # TEMPORARY
+    until(lambda: field.is_focused, "the title field to have the keyboard")
+    return field
+
+
+def editor_gone(program):
+    program.ui.gone("Prompt text", "text")
+
+
 def begin_prompt(program, title, body):
     """Writes title and body into the editor; the main window must be active."""
     ui = program.ui
     keyboard.press("ctrl+n")
-    field = ui.find("Title", "text")
-    until(lambda: field.is_focused, "the title field to have the keyboard")
+    title_field(program)
     keyboard.type_text(title)
     keyboard.press("Tab")
     editor = ui.find("Prompt text", "text")
@@ -20,8 +30,8 @@ def begin_prompt(program, title, body):
 def save_prompt(program, title):
     """Saves what the editor holds and sees it in the list."""
     keyboard.press("ctrl+s")
-    program.ui.gone("Title", "text")
-    program.ui.find(title, "list item")
+    editor_gone(program)
+    until(lambda: title in list_rows(program), f"“{title}” in the list")
 
 
 def make_prompt(program, title, body):
@@ -33,7 +43,7 @@ def make_prompt(program, title, body):
 
 def search_field(program):
     """The panel's search field, with the keyboard."""
-    field = program.ui.find("Search prompts...", "text")
+    field = program.ui.find("Search prompts", "text")
     until(lambda: field.is_focused, "the panel's search to have the keyboard")
     return field
 
@@ -49,11 +59,17 @@ def call_panel(program):
 def search(program, letters, *titles):
     """Types into the panel's search until exactly these rows are there, in this order."""
     keyboard.type_text(letters)
-    until(lambda: rows(program) == list(titles), f"the rows {titles} for “{letters}”")
+    until(lambda: panel_rows(program) == list(titles), f"the rows {titles} for “{letters}”")
 
 
-def rows(program):
-    return [row.name for row in program.ui.all(role="list item")]
+def panel_rows(program):
+    """The titles in the panel, from the top."""
+    return [row.name for row in program.ui.find("Quick access").all(role="list item")]
+
+
+def list_rows(program):
+    """The titles in the main window's list, from the top."""
+    return [row.name for row in program.ui.find("Prompts", "filler").all(role="list item")]
 
 
 def fill_in(program, values):

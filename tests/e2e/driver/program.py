@@ -10,7 +10,7 @@ from .waiting import LIMIT, until
 
 JOURNAL = Path("/run/systemd/journal/socket")
 MAIN = "Quillstacks"
-PANEL = "quick-access"
+PANEL = "quick-access"  # the window's role
 
 
 class Home:
@@ -68,21 +68,21 @@ class Program:
         return accessible.application(self.pid)
 
     def main_window(self, limit=None):
-        return windows.wait_for(MAIN, self.pid, limit or 2 * LIMIT)
+        return windows.wait_for(MAIN, self.pid, limit=limit or 2 * LIMIT)
 
     @property
     def panel(self):
         """The panel's window, or None while it is closed."""
-        return windows.find(PANEL, self.pid)
+        return windows.find(pid=self.pid, role=PANEL)
 
     def wait_for_panel(self):
         """The panel once it is there and has the keyboard."""
-        panel = windows.wait_for(PANEL, self.pid)
+        panel = windows.wait_for(pid=self.pid, role=PANEL)
         until(lambda: panel.has_keyboard, "the panel to have the keyboard")
         return panel
 
     def wait_for_no_panel(self):
-        windows.wait_gone(PANEL, self.pid)
+        windows.wait_gone(pid=self.pid, role=PANEL)
 
     def wait_end(self, limit=None):
         """The exit status, once the process has ended by itself."""

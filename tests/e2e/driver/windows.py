@@ -32,6 +32,7 @@ class Window:
     number: int
     name: str
     pid: int
+    role: str
 
     def _property(self, name):
         return _output("xprop", "-id", str(self.number), "-notype", name)
@@ -88,26 +89,27 @@ def listed(pid=None):
     numbers = re.findall(r"0x[0-9a-f]+", _output("xprop", "-root", "-notype", "_NET_CLIENT_LIST"))
     found = []
     for number in numbers:
-        text = _output("xprop", "-id", number, "-notype", "_NET_WM_NAME", "WM_NAME", "_NET_WM_PID")
-        owner = re.search(r"_NET_WM_PID = (\d+)", text)
-        name = re.search(r'WM_NAME = "(.*)"', text)
-        window = Window(_number(number), name[1] if name else "", int(owner[1]) if owner else 0)
+        text = _output("xprop", "-id", number, "-notype", "_NET_WM_NAME", "WM_NAME", "_NET_WM_PID", "WM_WINDOW_ROLE")
+        value = dict(re.findall(r'^(\w+) = "?(.*?)"?$', text, re.MULTILINE))
+        window = Window(_number(number), value.get("_NET_WM_NAME", value.get("WM_NAME", "")),
+                        int(value.get("_NET_WM_PID", 0)), value.get("WM_WINDOW_ROLE", ""))
         if pid is None or window.pid == pid:
             found.append(window)
     return found
 
 
-def find(name, pid=None):
-    """The visible window of that title, or None."""
-    return next((window for window in listed(pid) if window.name == name and window.is_visible), None)
+def find(name=None, pid=None, role=None):
+    """The visible window of that title or role, or None."""
+    return next((window for window in listed(pid) if name in (None, window.name) and role in (None, window.role)
+                 and window.is_visible), None)
 
 
-def wait_for(name, pid=None, limit=None):
-    return until(lambda: find(name, pid), f"a window named “{name}”", limit)
+def wait_for(name=None, pid=None, role=None, limit=None):
+    return until(lambda: find(name, pid, role), f"the window “{name or role}”", limit)
 
 
-def wait_gone(name, pid=None):
-    until(lambda: find(name, pid) is None, f"the window named “{name}” to be gone")
+def wait_gone(name=None, pid=None, role=None):
+    until(lambda: find(name, pid, role) is None, f"the window “{name or role}” to be gone")
 
 
 def screenshot(path):
