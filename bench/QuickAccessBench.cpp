@@ -48,11 +48,16 @@ public:
         }
     }
     static ModelContext& ofSize(std::int64_t size) {
-        static std::map<std::int64_t, std::unique_ptr<Library>> libraries;
-        auto& library = libraries[size];
+        auto& library = all()[size];
         if (!library)
             library = std::make_unique<Library>(static_cast<int>(size));
         return library->container.mainContext();
+    }
+
+    /// Kept from one measurement to the next, and let go before the application ends.
+    static std::map<std::int64_t, std::unique_ptr<Library>>& all() {
+        static std::map<std::int64_t, std::unique_ptr<Library>> libraries;
+        return libraries;
     }
 
 private:
@@ -140,6 +145,7 @@ int main(int argc, char** argv) {
     Quillstacks::Preferences::setStandard(&preferences);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    Quillstacks::Library::all().clear();
     Quillstacks::Preferences::setStandard(nullptr);
     return 0;
 }

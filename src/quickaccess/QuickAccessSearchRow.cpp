@@ -17,6 +17,7 @@ namespace {
 constexpr int symbolSize = 22;
 constexpr int clearSymbolSize = 20;
 constexpr int gap = 12;
+constexpr int fieldMargin = 2; // the field's own, before its text
 
 } // namespace
 
@@ -53,7 +54,7 @@ void QuickAccessSearchRow::place() {
     const int overhang = (button.width() - clearSymbolSize) / 2; // the symbol stands at the padding, not its square
     clear->setGeometry(width() - padding - clearSymbolSize - overhang, (height() - button.height()) / 2, button.width(),
                        button.height());
-    const int left = padding + symbolSize + gap;
+    const int left = padding + symbolSize + gap - fieldMargin;
     const int right = width() - padding - clearSymbolSize - gap;
     const int fieldHeight = std::max(searchField->sizeHint().height(), textLineHeight(TextStyle::title));
     searchField->setGeometry(left, (height() - fieldHeight) / 2, right - left, fieldHeight);

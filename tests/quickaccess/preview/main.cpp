@@ -81,7 +81,6 @@ int main(int argc, char** argv) {
     QFont font(QStringLiteral("Inter"));
     font.setPointSizeF(10.5);
     QApplication::setFont(font);
-    installStyle(application);
     QCommandLineParser options;
     options.addOptions({{QStringLiteral("light"), QString()},
                         {QStringLiteral("empty"), QString()},
@@ -96,6 +95,7 @@ int main(int argc, char** argv) {
     Preferences::setStandard(&preferences);
     appearanceModePreference().set(options.isSet(QStringLiteral("light")) ? AppearanceMode::light
                                                                           : AppearanceMode::dark);
+    installStyle(application);
     rememberValue(QStringLiteral("alternative"), QStringLiteral("a call next Tuesday, or my notes by mail"));
     rememberValue(QStringLiteral("request"), QStringLiteral("reviewing the draft by tomorrow"));
     ModelContainer container(Schema::current(), {folder.filePath(QStringLiteral("Quillstacks.store"))});
