@@ -1,0 +1,86 @@
+#pragma once
+
+#include "Differ/Concepts.h"
+#include "Differ/detail/Indexed.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace Differ::detail {
+
+/// Whether a number can stand for each element: both sides hold the same type, it has a hash, and it stays where it is.
+/// Scalars are compared faster than they are hashed.
+template <class Source, class Target, class IsEqual>
+concept Internable = std::same_as<IsEqual, Equality> &&
+                     std::same_as<std::ranges::range_value_t<Source>, std::ranges::range_value_t<Target>> &&
+                     !std::is_scalar_v<std::ranges::range_value_t<Source>> &&
+                     std::is_lvalue_reference_v<std::ranges::range_reference_t<Source>> &&
+                     std::is_lvalue_reference_v<std::ranges::range_reference_t<Target>> &&
+                     requires(const std::ranges::range_value_t<Source>& element) {
+    { std::hash<std::ranges::range_value_t<Source>>{}(element) } -> std::convertible_to<std::size_t>;
+};
+
+/// Gives equal elements the same number and unequal ones different numbers, so that the search compares numbers instead
+/// of texts. Elements have to live as long as this does.
+template <class Element>
+class Interning {
+public:
+    explicit Interning(Index mostElements) {
+        std::size_t size = 16;
+        while (size < 2 * static_cast<std::size_t>(mostElements)) {
+            size *= 2;
+        }
+        slots.assign(size, Slot{});
+    }
+
+    [[nodiscard]] Index number(const Element& element) {
+        const std::size_t hash = std::hash<Element>{}(element)*0x9e3779b97f4a7c15ULL;
+        const std::size_t mask = slots.size() - 1;
+        std::size_t place = (hash >> 32U) & mask;
+        while (slots[place].element != nullptr) {
+            if (slots[place].hash == hash && *slots[place].element == element) {
+                return slots[place].number;
+            }
+            place = (place + 1) & mask;
+        }
+        slots[place] = {std::addressof(element), hash, count};
+        return count++;
+    }
+
+private:
+    struct Slot {
+        const Element* element = nullptr;
+        std::size_t hash = 0;
+        Index number = 0;
+    };
+    std::vector<Slot> slots; ///< open addressing, a power of two, never more than half full
+    Index count = 0;
+};
+
+/// The numbers of both sides from `first` on, each side closed by a number of its own that matches nothing.
+struct InternedSides {
+    std::vector<Index> source;
+    std::vector<Index> target;
+
+    template <class Source, class Target>
+    InternedSides(const Indexed<Source>& from, const Indexed<Target>& to, Index first) {
+        Interning<std::ranges::range_value_t<Source>> numbers(checkedSum(from.count() - first, to.count() - first));
+        source = fill(from, first, numbers, -1);
+        target = fill(to, first, numbers, -2);
+    }
+
+private:
+    template <class Side, class Numbers>
+    static std::vector<Index> fill(const Side& side, Index first, Numbers& numbers, Index closing) {
+        std::vector<Index> result;
+        result.reserve(static_cast<std::size_t>(side.count() - first) + 1);
+        for (Index at = first; at < side.count(); ++at) {
+            result.push_back(numbers.number(side[at]));
+        }
+        result.push_back(closing);
+        return result;
+    }
+};
+
+} // namespace Differ::detail
