@@ -66,6 +66,10 @@ bool PromptEditorView::canCopy() const {
     return !Text::isBlank(editorBody());
 }
 
+bool PromptEditorView::holdsUnsavedTyping() const {
+    return titleText != (prompt ? prompt->title() : QString()) || editorBody() != (prompt ? prompt->body() : QString());
+}
+
 void PromptEditorView::loadPrompt() {
     Prompt* loaded = initialPrompt ? initialPrompt : prompt;
     if (!loaded)

@@ -41,6 +41,8 @@ public:
     // Derived
     [[nodiscard]] bool canSave() const;
     [[nodiscard]] bool canCopy() const;
+    /// Whether something was typed that is not in the prompt; it would be lost if the editor went now.
+    [[nodiscard]] bool holdsUnsavedTyping() const;
 
     // Actions
     /// Takes title, body and tags from the prompt; what was typed goes.

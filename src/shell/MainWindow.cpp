@@ -1,10 +1,12 @@
 #include "shell/MainWindow.h"
 
+#include "interface/Accessible.h"
 #include "interface/Label.h"
 #include "interface/OverlayScrollBar.h"
 #include "interface/Sheet.h"
 #include "interface/Theme.h"
 #include "library/model/ModelContainer.h"
+#include "library/PromptEditorView.h"
 #include "library/PromptListView.h"
 #include "mainwindow/ContentView.h"
 #include "platform/Windows.h"
@@ -42,6 +44,7 @@ MainWindow::MainWindow(Store opened)
     : store(std::move(opened)), area(new QScrollArea(this)), screenFit(new ScreenFit(this, smallestSize)) {
     setObjectName(QStringLiteral("main"));
     setWindowTitle(QStringLiteral("Quillstacks"));
+    setAccessibleTraits(this, {QAccessible::Window, {}, {}, {}});
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(area);
@@ -111,6 +114,10 @@ QWidget* MainWindow::makeContent(QWidget* parent) const {
 
 ContentView* MainWindow::contentView() const {
     return content ? content->findChild<ContentView*>() : nullptr;
+}
+
+bool MainWindow::holdsUnsavedTyping() const {
+    return std::ranges::any_of(findChildren<PromptEditorView*>(), &PromptEditorView::holdsUnsavedTyping);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {

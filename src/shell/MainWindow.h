@@ -39,6 +39,8 @@ public:
     void setVisible(bool visible) override;
     /// The library's view; nullptr while the window is closed and when there is no store.
     [[nodiscard]] ContentView* contentView() const;
+    /// Whether an editor here, also of the closed window, holds what was typed and is saved nowhere.
+    [[nodiscard]] bool holdsUnsavedTyping() const;
 
 protected:
     void showEvent(QShowEvent* event) override;

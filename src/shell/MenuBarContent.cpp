@@ -49,8 +49,8 @@ void MenuBarContent::build() {
     const QAction* open = items->addAction(QStringLiteral("Open Quillstacks"));
     connect(open, &QAction::triggered, this, &MenuBarContent::openQuillstacks);
     items->addSeparator();
-    const QAction* quit = items->addAction(QStringLiteral("Quit Quillstacks"));
-    connect(quit, &QAction::triggered, this, &terminate);
+    const QAction* quitItem = items->addAction(QStringLiteral("Quit Quillstacks"));
+    connect(quitItem, &QAction::triggered, this, &quit);
 }
 
 void MenuBarContent::updateShortcut() {

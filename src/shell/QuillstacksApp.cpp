@@ -20,6 +20,8 @@
 #include "upkeep/PreferencesMigrationManager.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QIcon>
 
 namespace Quillstacks {
 
@@ -75,7 +77,11 @@ void QuillstacksApp::makeScenes() {
     menu = std::make_unique<MenuBarContent>([this] { window->open(); });
     MainQueue::async(this, [this] { window->open(); });
     // After the window, which somebody is waiting for.
-    MainQueue::async(this, [this] { makeStatusItem(); });
+    MainQueue::async(this, [this] {
+        makeStatusItem();
+        QGuiApplication::setWindowIcon(
+            QIcon::fromTheme(QStringLiteral("app.Quillstacks"), QIcon(QStringLiteral(":/app-icon.svg"))));
+    });
 }
 
 void QuillstacksApp::makeStatusItem() {

@@ -1,10 +1,13 @@
 #include "shell/MainWindow.h"
 
+#include "EventLoop.h"
 #include "interface/Label.h"
 #include "interface/Sheet.h"
+#include "library/PromptEditorView.h"
 #include "mainwindow/ContentView.h"
 #include "shell/DataStoreError.h"
 #include "shell/DataStoreErrorView.h"
+#include "shell/Termination.h"
 #include "ShellFixture.h"
 
 #include <QCoreApplication>
@@ -149,6 +152,37 @@ TEST_F(MainScene, aNewPromptOpensTheWindowAndAnEditorInIt) {
     window.openNewPrompt();
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(Sheet::top(&window));
+}
+
+TEST_F(MainScene, quittingWithTypingInAnEditorBringsItForwardInsteadOfLosingIt) {
+    MainWindow window({container.get(), {}});
+    window.openNewPrompt();
+    window.findChild<PromptEditorView*>()->setEditorBody(QStringLiteral("words of mine"));
+    window.close();
+    const int status = runUntilExit([] {
+        quit();
+        MainQueue::async(nullptr, [] { QCoreApplication::exit(7); });
+    });
+    EXPECT_EQ(status, 7) << "the program went on";
+    EXPECT_TRUE(window.isVisible());
+    ASSERT_TRUE(window.findChild<PromptEditorView*>());
+    EXPECT_EQ(window.findChild<PromptEditorView*>()->editorBody(), QStringLiteral("words of mine"));
+}
+
+TEST_F(MainScene, quittingWithAnEditorThatHoldsNothingNewEndsTheProgram) {
+    MainWindow window({container.get(), {}});
+    window.openNewPrompt();
+    EXPECT_EQ(runUntilExit([] { quit(); }), 0);
+    window.findChild<PromptEditorView*>()->setTitle(QStringLiteral("T"));
+    window.findChild<PromptEditorView*>()->setTitle(QString());
+    EXPECT_EQ(runUntilExit([] { quit(); }), 0);
+}
+
+TEST_F(MainScene, aRequestToEndFromOutsideEndsTheProgramWhateverIsTyped) {
+    MainWindow window({container.get(), {}});
+    window.openNewPrompt();
+    window.findChild<PromptEditorView*>()->setTitle(QStringLiteral("T"));
+    EXPECT_EQ(runUntilExit([] { terminate(); }), 0);
 }
 
 TEST_F(MainScene, aNewPromptUnderASheetLeavesThatSheetOnTop) {
