@@ -65,6 +65,9 @@ void setAccessibleTraits(QWidget* widget, AccessibleTraits traits) {
     if (!registry().contains(widget))
         QObject::connect(widget, &QObject::destroyed, [](QObject* gone) { registry().remove(gone); });
     registry().insert(widget, std::move(traits));
+    // Naming a widget makes an interface, which is kept; the one with the traits has to take its place.
+    if (QAccessibleInterface* kept = QAccessible::queryAccessibleInterface(widget))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(kept));
 }
 
 void announceState(QWidget* widget) {

@@ -21,9 +21,8 @@ char32_t codePointBefore(QStringView text, qsizetype end) {
     return unit.unicode();
 }
 
-/// General categories L*, M* and N*.
 bool isAlphanumeric(char32_t point) {
-    return QChar::isLetterOrNumber(point) || QChar::isMark(point);
+    return QChar::isLetterOrNumber(point);
 }
 
 QStringView alphanumericCore(QStringView text) {

@@ -78,6 +78,10 @@ void Label::setSelectable(bool selectable) {
     refresh();
 }
 
+bool Label::isSelectable() const {
+    return textInteractionFlags() & Qt::TextSelectableByMouse;
+}
+
 int Label::lineHeight() const {
     return fixedFont ? static_cast<int>(fixedLineHeight) : textLineHeight(style);
 }
@@ -95,7 +99,7 @@ QColor Label::currentColor() const {
 
 void Label::refresh() {
     laidOut.reset();
-    if (textInteractionFlags() != Qt::NoTextInteraction) {
+    if (isSelectable()) {
         setFont(currentFont());
         QPalette colors = Theme::shared().palette();
         colors.setColor(QPalette::WindowText, currentColor());
@@ -148,7 +152,7 @@ int Label::heightForWidth(int width) const {
 }
 
 void Label::paintEvent(QPaintEvent* event) {
-    if (textInteractionFlags() != Qt::NoTextInteraction) {
+    if (isSelectable()) {
         QLabel::paintEvent(event);
         return;
     }

@@ -36,6 +36,7 @@ public:
     /// Text that can be selected with mouse and keyboard, and copied.
     void setSelectable(bool selectable);
 
+    [[nodiscard]] bool isSelectable() const;
     [[nodiscard]] int lineHeight() const;
     /// Whether the present size cuts the text.
     [[nodiscard]] bool isTruncated() const;

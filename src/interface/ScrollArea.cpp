@@ -52,7 +52,7 @@ QSize ScrollArea::sizeHint() const {
     QSize hint = widget()->sizeHint();
     if (widget()->hasHeightForWidth() && width() > 0)
         hint.setHeight(widget()->heightForWidth(width()));
-    return hint;
+    return hint.expandedTo(widget()->minimumSize());
 }
 
 QSize ScrollArea::minimumSizeHint() const {

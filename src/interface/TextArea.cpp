@@ -36,21 +36,26 @@ void TextArea::refresh() {
     grow();
 }
 
+int TextArea::wantedHeight() const {
+    // Nothing is laid out before the first show; until then each paragraph counts as a line.
+    const bool laidOut = !document()->pageSize().isEmpty() || document()->textWidth() > 0;
+    const int wanted =
+        laidOut ? static_cast<int>(std::ceil(document()->size().height())) : document()->blockCount() * lineHeight();
+    return std::clamp(wanted, minimumLines * lineHeight(), maximumLines * lineHeight()) + 2 * paddingY;
+}
+
 void TextArea::grow() {
-    const int wanted = static_cast<int>(std::ceil(document()->size().height()));
-    const int bounded = std::clamp(wanted, minimumLines * lineHeight(), maximumLines * lineHeight());
-    if (bounded == contentHeight)
-        return;
-    contentHeight = bounded;
-    updateGeometry();
+    const int wanted = wantedHeight();
+    if (std::exchange(toldHeight, wanted) != wanted)
+        updateGeometry();
 }
 
 QSize TextArea::sizeHint() const {
-    return {200, contentHeight + 2 * paddingY};
+    return {200, wantedHeight()};
 }
 
 QSize TextArea::minimumSizeHint() const {
-    return {60, contentHeight + 2 * paddingY};
+    return {60, wantedHeight()};
 }
 
 bool TextArea::event(QEvent* event) {

@@ -25,10 +25,11 @@ protected:
 
 private:
     void grow();
+    [[nodiscard]] int wantedHeight() const;
 
     int minimumLines;
     int maximumLines;
-    int contentHeight = 0;
+    int toldHeight = 0;
     Transition hover;
 };
 

@@ -120,7 +120,7 @@ QFont absoluteFont(qreal points, int weight) {
 }
 
 QFont absoluteMonospacedFont(qreal points, int weight) {
-    return makeFont(true, points, weight, 0);
+    return makeFont(true, points, weight, .02);
 }
 
 QFont keyGlyphFont(qreal points) {

@@ -301,7 +301,7 @@ QPixmap Gallery::picture() {
     QPixmap page = grab();
     QPainter painter(&page);
     menu->ensurePolished();
-    menu->resize(menu->sizeHint().expandedTo({220, 0}));
+    menu->resize(menu->sizeHint());
     painter.drawPixmap(menuPlace, menu->grab());
     return page;
 }

@@ -1,0 +1,76 @@
+#include "interface/RowText.h"
+
+#include "interface/TextBlock.h"
+#include "interface/TextStyle.h"
+
+#include <QElapsedTimer>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace Quillstacks {
+namespace {
+
+RowText rowText() {
+    return RowText(textFont(TextStyle::subheadline));
+}
+
+TEST(RowText, aTextThatFitsIsOneLine) {
+    EXPECT_EQ(rowText().lineCount(QStringLiteral("A short body"), 400), 1);
+    EXPECT_EQ(rowText().lineCount({}, 400), 1);
+}
+
+TEST(RowText, aTextThatDoesNotFitIsTwo) {
+    EXPECT_EQ(rowText().lineCount(QString(200, QLatin1Char('m')), 400), 2);
+}
+
+TEST(RowText, aLineEndMakesTwo) {
+    for (const char16_t* text : {u"a\nb", u"a\r\nb", u"a\rb", u"\n"})
+        EXPECT_EQ(rowText().lineCount(QString::fromUtf16(text), 400), 2);
+}
+
+TEST(RowText, theCountAgreesWithALayout) {
+    const RowText rows = rowText();
+    const QString sentence =
+        QStringLiteral("Review the following {{language}} change — naïve café, 日本語 – as a careful engineer.");
+    for (int length = 1; length <= sentence.size(); ++length) {
+        const QString text = sentence.left(length);
+        const qreal natural = TextBlock(text, {rows.font(), 18, 0, Qt::AlignLeft}, 1e6).naturalWidth();
+        // Kerning makes the layout a little narrower than the sum, so exactly at the edge either may hold.
+        EXPECT_EQ(rows.lineCount(text, natural + 4), 1) << length;
+        EXPECT_EQ(rows.lineCount(text, natural - 4), 2) << length;
+    }
+}
+
+TEST(RowText, onlyTheBeginningOfAHugeTextIsLookedAt) {
+    QString huge = QStringLiteral("word ").repeated(2'000'000);
+    QImage image(400, 40, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    const RowText rows = rowText();
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(rows.lineCount(huge, 400), 2);
+    rows.draw(painter, image.rect(), huge, Qt::black, 2, 18);
+    // A layout of the whole takes seconds; this leaves room for the slowest machine.
+    EXPECT_LT(timer.elapsed(), 250);
+}
+
+TEST(RowText, drawsInTheLinesItIsGivenOnly) {
+    QImage image(200, 60, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    rowText().draw(painter, image.rect(), QStringLiteral("mmmm ").repeated(50), Qt::black, 1, 20);
+    painter.end();
+    bool below = false;
+    bool within = false;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            (y < 20 ? within : below) |= image.pixelColor(x, y) != QColor(Qt::white);
+    EXPECT_TRUE(within);
+    EXPECT_FALSE(below);
+}
+
+} // namespace
+} // namespace Quillstacks
