@@ -29,8 +29,8 @@ PromptQuery::PromptQuery(ModelContext& observed)
 }
 
 PromptQuery::~PromptQuery() {
-    if (context)
-        std::erase(context->promptQueries, this);
+    if (ModelContext* alive = context.data())
+        std::erase(alive->promptQueries, this);
 }
 
 const QList<Prompt*>& PromptQuery::records() const {
@@ -51,8 +51,8 @@ TagQuery::TagQuery(ModelContext& observed)
 }
 
 TagQuery::~TagQuery() {
-    if (context)
-        std::erase(context->tagQueries, this);
+    if (ModelContext* alive = context.data())
+        std::erase(alive->tagQueries, this);
 }
 
 const QList<Tag*>& TagQuery::records() const {

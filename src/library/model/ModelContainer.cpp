@@ -14,9 +14,10 @@ Schema Schema::current() {
 
 ModelContainer::ModelContainer(const Schema& schema, const ModelConfiguration& configuration) {
     const Schema known = Schema::current();
-    if (schema.models != known.models || schema.version != known.version)
+    if (schema.models != known.models || schema.version != known.version) {
         throw StoreError(StoreError::Kind::unknownSchema, configuration.path,
                          QStringLiteral("version %1 was asked for").arg(schema.version));
+    }
     context.reset(new ModelContext(std::make_unique<Store>(configuration.path), configuration.allowsSave));
 }
 

@@ -65,10 +65,11 @@ void Prompt::setUpdatedAt(Date date) {
 void Prompt::setTags(const QList<Tag*>& tags) {
     if (isDeleted())
         return;
-    if (modelContext())
+    if (modelContext()) {
         modelContext()->setTags(*this, tags);
-    else
+    } else {
         tagList = tags;
+    }
 }
 
 void Prompt::togglePin() {

@@ -5,6 +5,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace Quillstacks {
 
@@ -92,15 +93,15 @@ Relations::Touched Relations::setPrompts(Tag& tag, const QList<Prompt*>& wanted)
 }
 
 QList<Tag*> Relations::dissolve(Prompt& prompt) {
-    const QList<Tag*> left = std::exchange(RecordAccess::tags(prompt), {});
-    for (Tag* tag : left)
+    QList<Tag*> left = std::exchange(RecordAccess::tags(prompt), {});
+    for (Tag* tag : std::as_const(left))
         unlink(prompt, *tag);
     return left;
 }
 
 QList<Prompt*> Relations::dissolve(Tag& tag) {
-    const QList<Prompt*> left = std::exchange(RecordAccess::prompts(tag), {});
-    for (Prompt* prompt : left) {
+    QList<Prompt*> left = std::exchange(RecordAccess::prompts(tag), {});
+    for (Prompt* prompt : std::as_const(left)) {
         RecordAccess::tags(*prompt).removeOne(&tag);
         pending.linkOrder.remove({prompt, &tag});
     }

@@ -52,10 +52,11 @@ StoreError storeError(const SQLite::Exception& error, const QString& path) {
 
 StoreError storeError(int errnoValue, const QString& path) {
     StoreError::Kind kind = StoreError::Kind::cannotOpen;
-    if (errnoValue == EROFS)
+    if (errnoValue == EROFS) {
         kind = StoreError::Kind::readOnly;
-    else if (errnoValue == ENOSPC || errnoValue == EDQUOT)
+    } else if (errnoValue == ENOSPC || errnoValue == EDQUOT) {
         kind = StoreError::Kind::diskFull;
+    }
     return StoreError(kind, path, QString::fromLocal8Bit(std::strerror(errnoValue)));
 }
 
