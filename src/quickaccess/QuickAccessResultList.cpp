@@ -4,6 +4,7 @@
 #include "QuickAccessRow.h"
 #include "QuickAccessSectionHeader.h"
 
+#include "interface/Drawing.h"
 #include "interface/LazyList.h"
 #include "interface/Theme.h"
 #include "library/model/Prompt.h"
@@ -49,9 +50,11 @@ void QuickAccessResultList::installSource() {
 }
 
 void QuickAccessResultList::placeFade() {
+    // The material as it looks over a desktop that is neither light nor dark.
     QColor ground = Theme::shared().material(Material::regular);
+    const qreal through = 1 - ground.alphaF();
     ground.setAlpha(255);
-    rows->setBottomFadeColor(ground, QuickAccessMetrics::fadeHeight);
+    rows->setBottomFadeColor(mix(ground, QColor(128, 128, 128), through), QuickAccessMetrics::fadeHeight);
 }
 
 void QuickAccessResultList::setResults(const QList<Prompt*>& newResults, int selectedIndex) {

@@ -18,7 +18,6 @@ namespace {
 constexpr int symbolSize = 15;
 constexpr int symbolGap = 7;
 constexpr int labelGap = 5;
-constexpr int edge = 1; // of the field, which stands out on both sides of the label
 constexpr int clearingMilliseconds = 200;
 
 } // namespace
@@ -120,11 +119,11 @@ void VariableInputField::paintEvent(QPaintEvent*) {
     const int line = textLineHeight(TextStyle::subheadline);
     const Theme& theme = Theme::shared();
     QPainter painter(this);
-    Symbol::paint(painter, QRectF(edge, (line - symbolSize) / 2.0, symbolSize, symbolSize),
+    Symbol::paint(painter, QRectF(0, (line - symbolSize) / 2.0, symbolSize, symbolSize),
                   QStringLiteral("curlybraces.square"), theme.color(ColorRole::blue));
     const QFont font = textFont(TextStyle::subheadline, QFont::Medium);
-    const int left = edge + symbolSize + symbolGap;
-    const int right = width() - edge - symbolSize;
+    const int left = symbolSize + symbolGap;
+    const int right = width() - symbolSize;
     const int room = right - symbolGap - left;
     painter.setFont(font);
     painter.setPen(theme.color(ColorRole::text));

@@ -21,7 +21,6 @@ namespace {
 constexpr int sheetWidth = 520;
 constexpr int padding = 20;
 constexpr int fieldGap = 15;
-constexpr int fieldEdge = 1; // which stands out of the padding
 constexpr QRect symbolBox(padding, padding + 2, 26, 26);
 constexpr int symbolGap = 14;
 constexpr int greatestListHeight = 400;
@@ -98,7 +97,7 @@ void VariableSubstitutionView::buildCountRow(QBoxLayout* column) {
 void VariableSubstitutionView::buildFields(QBoxLayout* column) {
     auto* list = new QWidget;
     auto* rows = new QVBoxLayout(list);
-    rows->setContentsMargins(padding - fieldEdge, padding, padding - fieldEdge, padding - fieldEdge);
+    rows->setContentsMargins(padding, padding, padding, padding);
     rows->setSpacing(fieldGap);
     for (const QString& variable : variables) {
         auto* field = new VariableInputField(variable, values.value(variable));
