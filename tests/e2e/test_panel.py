@@ -125,8 +125,8 @@ class TwoMonitors(DesktopCase):
         self._monitor("right", "800/200x900/200+640+0", "none")
 
     def _monitor(self, name, place, output):
-        subprocess.run(["xrandr", "--setmonitor", name, place, output], check=True)
-        self.addCleanup(subprocess.run, ["xrandr", "--delmonitor", name], check=True)
+        subprocess.run(["xrandr", "--setmonitor", name, place, output], check=True, stdout=subprocess.DEVNULL)
+        self.addCleanup(subprocess.run, ["xrandr", "--delmonitor", name], check=True, stdout=subprocess.DEVNULL)
 
     def test_opens_in_the_middle_of_the_one_that_has_the_pointer(self):
         program = self.started()

@@ -51,7 +51,7 @@ class DesktopCase(unittest.TestCase):
         if self._failed():
             self._report()
         for program in self._programs:
-            program.end()
+            program.forget()
 
     def _failed(self):
         outcome = self._outcome

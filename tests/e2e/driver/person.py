@@ -4,8 +4,10 @@ from .waiting import until
 
 
 def title_field(program):
-    """The title field of the open editor, with the keyboard."""
-    field = program.ui.find("New Prompt", "filler").find("", "text")  # TEMPORARY
+    """The title field of the new prompt's editor, with the keyboard."""
+    fields = until(lambda: [field for sheet in program.ui.all("New Prompt") for field in sheet.all(role="text")],
+                   "the editor's fields")
+    field = fields[0]
     until(lambda: field.is_focused, "the title field to have the keyboard")
     return field
 
@@ -69,7 +71,7 @@ def panel_rows(program):
 
 def list_rows(program):
     """The titles in the main window's list, from the top."""
-    return [row.name for row in program.ui.find("Prompts", "filler").all(role="list item")]
+    return [row.name for part in program.ui.all("Prompts") for row in part.all(role="list item")]
 
 
 def fill_in(program, values):

@@ -105,3 +105,8 @@ class Program:
             except subprocess.TimeoutExpired:
                 self.kill()
         return self._process.returncode
+
+    def forget(self):
+        """Ends it where that is still due, and lets its log go."""
+        self.end()
+        self._errors.close()
