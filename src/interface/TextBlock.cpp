@@ -45,7 +45,7 @@ void TextBlock::layOut() {
         if (!line.isValid())
             break;
         line.setLineWidth(available);
-        const qreal offset = std::round((format.lineHeight - line.height()) / 2);
+        const qreal offset = std::floor((format.lineHeight - line.height()) / 2);
         line.setPosition({0, lines * format.lineHeight + offset});
         ++lines;
         widest = std::max(widest, line.naturalTextWidth());
@@ -72,7 +72,7 @@ void TextBlock::elideLastLine(int start) {
     QTextLine line = lastLine->createLine();
     if (line.isValid()) {
         line.setLineWidth(available);
-        line.setPosition({0, (lines - 1) * format.lineHeight + std::round((format.lineHeight - line.height()) / 2)});
+        line.setPosition({0, (lines - 1) * format.lineHeight + std::floor((format.lineHeight - line.height()) / 2)});
         widest = std::max(widest, line.naturalTextWidth());
     }
     lastLine->endLayout();

@@ -1,5 +1,6 @@
 #include "Gallery.h"
 
+#include "interface/Alert.h"
 #include "interface/Button.h"
 #include "interface/Card.h"
 #include "interface/Chip.h"
@@ -8,7 +9,9 @@
 #include "interface/KeyCap.h"
 #include "interface/Label.h"
 #include "interface/Menu.h"
+#include "interface/ScrollArea.h"
 #include "interface/SegmentedPicker.h"
+#include "interface/Sheet.h"
 #include "interface/Stepper.h"
 #include "interface/Switch.h"
 #include "interface/TextArea.h"
@@ -22,6 +25,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QVBoxLayout>
 
 namespace Quillstacks {
 namespace {
@@ -297,8 +301,36 @@ void Gallery::showEvent(QShowEvent* event) {
     QTimer::singleShot(100, this, [this] { setStates(); });
 }
 
+void Gallery::showSheets() {
+    auto content = std::make_unique<QWidget>();
+    auto* column = new QVBoxLayout(content.get());
+    column->setContentsMargins(24, 20, 24, 20);
+    column->setSpacing(16);
+    column->addWidget(new TextField(QStringLiteral("Title"), TextField::Variant::title));
+    auto* scroll = new ScrollArea;
+    auto* text = new Label(QStringLiteral("A line of the text that scrolls.\n").repeated(60));
+    text->setMaximumLines(0);
+    scroll->setContent(text);
+    scroll->setBottomFade(ColorRole::sheet);
+    column->addWidget(scroll);
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(new Button(QStringLiteral("Cancel")));
+    row->addWidget(new Button(QStringLiteral("Save"), Button::Kind::prominent));
+    column->addLayout(row);
+    Sheet::Options options;
+    options.preferredSize = {700, 700};
+    Sheet::present(this, std::move(content), options);
+    Alert::show(this,
+                {QStringLiteral("Delete Prompt?"), QStringLiteral("This action cannot be undone."),
+                 QStringLiteral("Delete"), true},
+                {});
+}
+
 QPixmap Gallery::picture() {
     QPixmap page = grab();
+    if (Sheet::top(this))
+        return page;
     QPainter painter(&page);
     menu->ensurePolished();
     menu->resize(menu->sizeHint());

@@ -17,6 +17,7 @@ public:
     Gallery();
     /// The page with its menu, which is a window of its own.
     [[nodiscard]] QPixmap picture();
+    void showSheets();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

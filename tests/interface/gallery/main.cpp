@@ -1,6 +1,6 @@
 // Every control in every state on one page, to be looked at beside the design:
-//   gallery [dark|light] [picture.png]
-// With a file name it saves its window there and ends.
+//   gallery [dark|light] [picture.png] [alert]
+// With a file name it saves its window there and ends. "alert" puts a sheet and an alert over the page.
 
 #include "foundation/Preferences.h"
 #include "Gallery.h"
@@ -28,6 +28,8 @@ int main(int argc, char** argv) {
     installStyle(application);
     Gallery gallery;
     gallery.show();
+    if (arguments.value(3) == QLatin1String("alert"))
+        gallery.showSheets();
     if (arguments.size() > 2) {
         QTimer::singleShot(900, &gallery, [&] {
             gallery.picture().save(arguments[2]);
