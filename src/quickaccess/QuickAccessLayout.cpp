@@ -43,8 +43,9 @@ void QuickAccessView::connectParts() {
     });
     connect(&Theme::shared(), &Theme::changed, this, [this] {
         placeParts();
-        refresh();
         update();
+        if (hasAppeared)
+            refresh();
     });
 }
 

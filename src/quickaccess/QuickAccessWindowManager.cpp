@@ -11,6 +11,7 @@
 #include "platform/Windows.h"
 
 #include <QGuiApplication>
+#include <QImage>
 #include <QPropertyAnimation>
 #include <QScreen>
 
@@ -75,8 +76,10 @@ void QuickAccessWindowManager::close() {
 void QuickAccessWindowManager::prepare() {
     if (!container || isVisible())
         return;
-    if (!panel)
+    if (!panel) {
         createPanel();
+        warmUp();
+    }
     if (!isRootFresh)
         renewRootView();
 }
@@ -84,7 +87,10 @@ void QuickAccessWindowManager::prepare() {
 void QuickAccessWindowManager::show() {
     if (!container)
         return;
-    prepare();
+    if (!panel)
+        createPanel();
+    if (!isRootFresh)
+        renewRootView();
     isRootFresh = false;
     panel->setGeometry(panelFrame());
     panel->setWindowOpacity(Windows::isComposited() ? 0.0 : 1.0);
@@ -104,6 +110,19 @@ void QuickAccessWindowManager::createPanel() {
         // The view that was just used is spent; the next one is built now, while nobody waits for it.
         MainQueue::async(this, [this] { prepare(); });
     });
+}
+
+// Draws the panel once where nobody sees it: glyphs, symbols and the shadow are kept from then on, so that the first
+// press is as quick as the later ones.
+void QuickAccessWindowManager::warmUp() {
+    panel->winId();
+    renewRootView();
+    panel->rootView()->appear();
+    const qreal ratio = panel->devicePixelRatioF();
+    QImage image(panel->size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    panel->render(&image);
+    isRootFresh = false;
 }
 
 void QuickAccessWindowManager::renewRootView() {

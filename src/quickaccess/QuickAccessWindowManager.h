@@ -45,6 +45,7 @@ public:
 private:
     void show();
     void createPanel();
+    void warmUp();
     void renewRootView();
     void blurBehind();
     void fadeIn();

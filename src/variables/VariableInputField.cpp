@@ -109,8 +109,9 @@ bool VariableInputField::handleReturn(int modifiers) {
 bool VariableInputField::eventFilter(QObject* watched, QEvent* event) {
     if (watched == field && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
+        // A Return that is held down, as when it opened the sheet, doesn't run through the form.
         if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
-            return handleReturn(key->modifiers());
+            return key->isAutoRepeat() || handleReturn(key->modifiers());
     }
     return QWidget::eventFilter(watched, event);
 }

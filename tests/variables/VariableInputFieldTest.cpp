@@ -1,7 +1,8 @@
 #include "FillInFixture.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QKeyEvent>
 
 namespace Quillstacks {
 namespace {
@@ -33,6 +34,13 @@ TEST_F(VariableInput, returnSubmitsAndLeavesTheTextAlone) {
     QTest::keyClick(edit, Qt::Key_Return);
     EXPECT_EQ(submits, 1);
     EXPECT_EQ(input.value(), QStringLiteral("ab"));
+}
+
+TEST_F(VariableInput, aReturnThatIsHeldDownDoesNotSubmitAgain) {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QApplication::sendEvent(edit, &held);
+    EXPECT_EQ(submits, 0);
+    EXPECT_EQ(input.value(), QString());
 }
 
 TEST_F(VariableInput, returnWithAModifierBeginsANewLine) {
