@@ -36,7 +36,7 @@ TYPED_TEST(LinkedLists, valuesCanBeChangedThroughThem) {
 TYPED_TEST(LinkedLists, aLongListFreesItselfWithoutDeepRecursion) {
     std::weak_ptr<TypeParam> last;
     {
-        const auto list = TypeParam::make(std::vector<int>(3000000, 7));
+        const auto list = TypeParam::make(std::vector<int>(1000000, 7));
         auto node = list;
         while (node->next) {
             node = node->next;

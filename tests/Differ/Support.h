@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <random>
@@ -121,6 +122,66 @@ std::size_t distance(const T& source, const T& target) {
         }
     }
     return row.back();
+}
+
+/// The result of an extended diff: what stays keeps its order, and all else comes to the place that is told.
+template <class T>
+T applied(const ExtendedDiff& diff, const T& source, const T& target) {
+    using Kind = ExtendedDiff::Element::Kind;
+    std::map<Index, typename T::value_type> placed;
+    T staying = source;
+    std::vector<bool> leaves(source.size());
+    for (const auto element : diff) {
+        if (element.kind() == Kind::insertion) {
+            placed.emplace(element.at(), target[static_cast<std::size_t>(element.at())]);
+        } else {
+            leaves[static_cast<std::size_t>(element.from())] = true;
+        }
+        if (element.kind() == Kind::move) {
+            placed.emplace(element.to(), source[static_cast<std::size_t>(element.from())]);
+        }
+    }
+    for (auto place = static_cast<Index>(source.size()) - 1; place >= 0; --place) {
+        if (leaves[static_cast<std::size_t>(place)]) {
+            staying.erase(staying.begin() + place);
+        }
+    }
+    for (const auto& [place, value] : placed) {
+        staying.insert(staying.begin() + place, value);
+    }
+    return staying;
+}
+
+/// The steps, one after the other, each of them checked to be possible.
+template <class T, class Value>
+T applied(const std::vector<Patch<Value>>& steps, T content) {
+    for (const auto& step : steps) {
+        if (step.isInsertion()) {
+            EXPECT_TRUE(step.index() >= 0 && step.index() <= static_cast<Index>(content.size()));
+            content.insert(content.begin() + step.index(), step.element());
+        } else {
+            EXPECT_TRUE(step.index() >= 0 && step.index() < static_cast<Index>(content.size()));
+            content.erase(content.begin() + step.index());
+        }
+    }
+    return content;
+}
+
+template <class T, class Value>
+T applied(const std::vector<ExtendedPatch<Value>>& steps, T content) {
+    for (const auto& step : steps) {
+        if (step.kind() == ExtendedPatch<Value>::Kind::move) {
+            const Value moved = content.at(static_cast<std::size_t>(step.from()));
+            content.erase(content.begin() + step.from());
+            EXPECT_TRUE(step.to() >= 0 && step.to() <= static_cast<Index>(content.size()));
+            content.insert(content.begin() + step.to(), moved);
+        } else if (step.kind() == ExtendedPatch<Value>::Kind::insertion) {
+            content = applied(std::vector{Patch<Value>::insertion(step.index(), step.element())}, content);
+        } else {
+            content = applied(std::vector{Patch<Value>::deletion(step.index())}, content);
+        }
+    }
+    return content;
 }
 
 /// diff() in its plain form: every trace is recorded, and the matches left out of the path.

@@ -1,0 +1,89 @@
+#include "Support.h"
+
+#include <unordered_set>
+
+namespace {
+
+using namespace DifferTest;
+using Paths = std::vector<IndexPath>;
+
+static_assert(BatchUpdate(extendedDiff("ab"sv, "ba"sv)).moves.size() == 1);
+
+TEST(IndexPath, equalityAndHashUseBothFields) {
+    const std::unordered_set<IndexPath> paths{{1, 2}, {2, 1}, {1, 2}, {1, 1}};
+    EXPECT_EQ(paths.size(), 3U);
+}
+
+TEST(BatchUpdate, sortsTheElementsByKindInTheirOrder) {
+    // M(3,0) D(0) I(2) D(5) I(5)
+    const ExtendedDiff diff = extendedDiff("abcdef"sv, "dbxceg"sv);
+    const BatchUpdate update(diff);
+    Paths deletions;
+    Paths insertions;
+    for (const auto element : diff) {
+        if (element.kind() == ExtendedDiff::Element::Kind::deletion) {
+            deletions.push_back({element.at(), 0});
+        } else if (element.kind() == ExtendedDiff::Element::Kind::insertion) {
+            insertions.push_back({element.at(), 0});
+        }
+    }
+    EXPECT_EQ(update.deletions, deletions);
+    EXPECT_EQ(update.deletions, (Paths{{0, 0}, {5, 0}}));
+    EXPECT_EQ(update.insertions, insertions);
+    EXPECT_EQ(update.insertions, (Paths{{2, 0}, {5, 0}}));
+    EXPECT_EQ(update.moves, (std::vector<BatchUpdate::MoveStep>{{{3, 0}, {0, 0}}}));
+}
+
+TEST(BatchUpdate, ofAnEmptyDiffIsEmpty) {
+    EXPECT_TRUE(BatchUpdate(ExtendedDiff{}).empty());
+    EXPECT_EQ(BatchUpdate(ExtendedDiff{}), BatchUpdate{});
+    EXPECT_FALSE(BatchUpdate(extendedDiff(""sv, "a"sv)).empty());
+    EXPECT_FALSE(BatchUpdate(extendedDiff("a"sv, ""sv)).empty());
+    EXPECT_FALSE(BatchUpdate(extendedDiff("ab"sv, "ba"sv)).empty());
+}
+
+TEST(BatchUpdate, everyPositionPassesThroughTheTransform) {
+    const auto below = [](IndexPath path) { return IndexPath{path.item + 10, 7}; };
+    const BatchUpdate update(extendedDiff("abcdef"sv, "dbxceg"sv), below);
+    EXPECT_EQ(update.deletions, (Paths{{10, 7}, {15, 7}}));
+    EXPECT_EQ(update.insertions, (Paths{{12, 7}, {15, 7}}));
+    EXPECT_EQ(update.moves, (std::vector<BatchUpdate::MoveStep>{{{13, 7}, {10, 7}}}));
+}
+
+using E = NestedExtendedDiff::Element;
+
+NestedExtendedDiff everyKind() {
+    NestedExtendedDiff diff;
+    diff.elements = {E::deleteSection(4),    E::insertSection(5),    E::moveSection(0, 2),
+                     E::deleteElement(1, 3), E::insertElement(2, 3), E::moveElement({1, 2}, {3, 4}),
+                     E::deleteSection(1),    E::insertElement(0, 0)};
+    return diff;
+}
+
+TEST(NestedBatchUpdate, sortsTheElementsByKind) {
+    const NestedBatchUpdate update(everyKind());
+    EXPECT_EQ(update.itemDeletions, (Paths{{1, 3}}));
+    EXPECT_EQ(update.itemInsertions, (Paths{{2, 3}, {0, 0}}));
+    EXPECT_EQ(update.itemMoves, (std::vector<NestedBatchUpdate::ItemMove>{{{1, 2}, {3, 4}}}));
+    EXPECT_EQ(update.sectionDeletions, (IndexSet{1, 4}));
+    EXPECT_EQ(update.sectionInsertions, (IndexSet{5}));
+    EXPECT_EQ(update.sectionMoves, (std::vector<NestedBatchUpdate::SectionMove>{{0, 2}}));
+}
+
+TEST(NestedBatchUpdate, itemsAndSectionsPassThroughTheirOwnTransform) {
+    const auto path = [](IndexPath place) { return IndexPath{place.item * 10, place.section * 100}; };
+    const auto section = [](Index number) { return number + 1; };
+    const NestedBatchUpdate update(everyKind(), path, section);
+    EXPECT_EQ(update.itemDeletions, (Paths{{10, 300}}));
+    EXPECT_EQ(update.itemInsertions, (Paths{{20, 300}, {0, 0}}));
+    EXPECT_EQ(update.itemMoves, (std::vector<NestedBatchUpdate::ItemMove>{{{10, 200}, {30, 400}}}));
+    EXPECT_EQ(update.sectionDeletions, (IndexSet{2, 5}));
+    EXPECT_EQ(update.sectionInsertions, (IndexSet{6}));
+    EXPECT_EQ(update.sectionMoves, (std::vector<NestedBatchUpdate::SectionMove>{{1, 3}}));
+}
+
+TEST(NestedBatchUpdate, ofAnEmptyDiffIsEmpty) {
+    EXPECT_EQ(NestedBatchUpdate(NestedExtendedDiff{}), NestedBatchUpdate{});
+}
+
+} // namespace

@@ -1,0 +1,113 @@
+#include "Support.h"
+
+#include <numeric>
+
+namespace {
+
+using namespace DifferTest;
+using Step = ExtendedPatch<char>;
+using E = ExtendedDiff::Element;
+using Kind = E::Kind;
+
+const auto movesFirst = [](const E& a, const E& b) { return a.kind() == Kind::move && b.kind() != Kind::move; };
+const auto movesLast = [](const E& a, const E& b) { return a.kind() != Kind::move && b.kind() == Kind::move; };
+
+TEST(ExtendedPatch, ofTwoEqualCollectionsIsEmpty) {
+    EXPECT_TRUE(extendedPatch("abc"sv, "abc"sv).empty());
+    EXPECT_TRUE(extendedPatch(""sv, ""sv, movesFirst).empty());
+}
+
+TEST(ExtendedPatch, aMoveIsOneStep) {
+    EXPECT_EQ(extendedPatch("abc"sv, "cab"sv), (std::vector{Step::move(2, 0)}));
+    EXPECT_EQ(extendedPatch("ab"sv, "ba"sv), (std::vector{Step::move(0, 1)}));
+}
+
+TEST(ExtendedPatch, insertionsAndDeletionsAreThoseOfAPlainPatch) {
+    EXPECT_EQ(extendedPatch("abc"sv, "abd"sv), (std::vector{Step::deletion(2), Step::insertion(2, 'd')}));
+    EXPECT_EQ(extendedPatch("abc"sv, "abd"sv)[1].element(), 'd');
+}
+
+TEST(ExtendedPatch, debugTextsFollowThoseOfTheDiffElements) {
+    EXPECT_EQ(Step::insertion(1, 'x').debugText(), "I(1)");
+    EXPECT_EQ(Step::deletion(2).debugText(), "D(2)");
+    EXPECT_EQ(Step::move(3, 4).debugText(), "M(3,4)");
+}
+
+TEST(ExtendedPatch, stepsFollowTheDiffsOwnOrderOrTheOneAskedFor) {
+    // D(0) M(1,1) D(5) I(5)
+    EXPECT_EQ(text(extendedPatch("abcabba"sv, "cbabac"sv)), "D(0) M(0,1) D(4) I(5)");
+    EXPECT_EQ(text(extendedPatch("abcabba"sv, "cbabac"sv, movesFirst)), "M(1,2) D(0) D(4) I(5)");
+    EXPECT_EQ(text(extendedPatch("abcabba"sv, "cbabac"sv, movesLast)), "D(0) D(4) I(5) M(0,1)");
+}
+
+TEST(ExtendedPatch, fromAReadyDiff) {
+    const auto ready = extendedDiff("abcd"sv, "dxab"sv);
+    EXPECT_EQ(extendedPatch(ready, "abcd"sv, "dxab"sv), extendedPatch("abcd"sv, "dxab"sv));
+    EXPECT_EQ(extendedPatch(ready, "abcd"sv, "dxab"sv, movesLast), extendedPatch("abcd"sv, "dxab"sv, movesLast));
+}
+
+TEST(ExtendedPatch, aMoveWhoseInsertionIsNamedFirstIsAppliedAsAnyOther) {
+    // The oddity of the pair that stands at one position.
+    EXPECT_EQ(text(extendedDiff("aab"sv, "ccbaa"sv)), "I(0) I(1) M(2,2)");
+    EXPECT_EQ(applied(extendedPatch("aab"sv, "ccbaa"sv), std::string("aab")), "ccbaa");
+    EXPECT_EQ(applied(extendedPatch("aab"sv, "ccbaa"sv, movesFirst), std::string("aab")), "ccbaa");
+}
+
+TEST(BoxedDiffAndPatchElement, carriesADiffElementWithItsOneOrTwoSteps) {
+    using Box = BoxedDiffAndPatchElement<char>;
+    const SortedPatchElement<char> deletion{Patch<char>::deletion(1), 0, 0};
+    const SortedPatchElement<char> insertion{Patch<char>::insertion(2, 'x'), 1, 1};
+    const Box move = Box::move(E::move(1, 2), deletion, insertion);
+    EXPECT_TRUE(move.isMove());
+    EXPECT_EQ(move.diffElement(), E::move(1, 2));
+    EXPECT_EQ(move.deletion(), deletion);
+    EXPECT_EQ(move.insertion(), insertion);
+    const Box single = Box::single(E::deleteAt(1), deletion);
+    EXPECT_FALSE(single.isMove());
+    EXPECT_EQ(single.diffElement(), E::deleteAt(1));
+    EXPECT_EQ(single.patchElement(), deletion);
+}
+
+TEST(ExtendedPatchProperties, applyingItInEveryOrderGivesTheTarget) {
+    for (const auto& [source, target] :
+         {std::pair{"abcabba"sv, "cbabac"sv}, {"abcdef"sv, "fxdbya"sv}, {"aab"sv, "ccbaa"sv}, {"abcd"sv, "dcba"sv}}) {
+        const ExtendedDiff ready = extendedDiff(source, target);
+        ASSERT_LE(ready.size(), 7U);
+        std::vector<std::size_t> ranks(ready.size());
+        std::iota(ranks.begin(), ranks.end(), 0U);
+        do {
+            const auto rank = [&](const E& element) {
+                return ranks[static_cast<std::size_t>(std::ranges::find(ready.elements, element) -
+                                                      ready.elements.begin())];
+            };
+            const auto isBefore = [&](const E& a, const E& b) { return rank(a) < rank(b); };
+            ASSERT_EQ(applied(extendedPatch(source, target, isBefore), std::string(source)), target);
+        } while (std::ranges::next_permutation(ranks).found);
+    }
+}
+
+TEST(ExtendedPatchProperties, applyingItInAnyOrderGivesTheTarget) {
+    Random random(13);
+    for (int round = 0; round < 1500; ++round) {
+        const int letters = 1 + upTo(random, 12);
+        const std::string source = randomWord(random, 30, letters);
+        const std::string target = edited(random, source, upTo(random, 20), letters);
+        const auto whim = [&](const E&, const E&) { return upTo(random, 1) == 1; };
+        ASSERT_EQ(applied(extendedPatch(source, target), source), target) << source << ' ' << target;
+        ASSERT_EQ(applied(extendedPatch(source, target, movesFirst), source), target) << source << ' ' << target;
+        ASSERT_EQ(applied(extendedPatch(source, target, movesLast), source), target) << source << ' ' << target;
+        ASSERT_EQ(applied(extendedPatch(source, target, whim), source), target) << source << ' ' << target;
+    }
+}
+
+TEST(ExtendedPatchProperties, forAllPairsOfShortTexts) {
+    const auto words = allWords(4, 3);
+    for (const auto& source : words) {
+        for (const auto& target : words) {
+            ASSERT_EQ(applied(extendedPatch(source, target), source), target) << source << ' ' << target;
+            ASSERT_EQ(applied(extendedPatch(source, target, movesLast), source), target) << source << ' ' << target;
+        }
+    }
+}
+
+} // namespace
