@@ -369,6 +369,27 @@ TEST_F(PromptEditor, cancellingTheFillInCopiesNothing) {
     EXPECT_EQ(closed->count(), 0);
 }
 
+// Size
+
+TEST_F(PromptEditor, theSheetIsAtLeast1100By720WhereTheWindowIsLargeEnoughAndFitsWhereItIsNot) {
+    const auto card = [this](const QSize& size) {
+        window.resize(size);
+        QCoreApplication::processEvents();
+        return Sheet::top(&window)->cardGeometry();
+    };
+    present();
+    EXPECT_EQ(card(QSize(1440, 900)).size(), QSize(1160, 860));
+    EXPECT_GE(card(QSize(1280, 720)).width(), 1100);
+    EXPECT_EQ(card(QSize(1280, 720)).height(), 720);
+    EXPECT_TRUE(QRect(0, 0, 900, 500).contains(card(QSize(900, 500))));
+}
+
+TEST_F(PromptEditor, theTitleFieldIs40High) {
+    const PromptEditorView& view = present();
+    EXPECT_EQ(titleField(view).height(), 40);
+    EXPECT_GE(bodyField(view).parentWidget()->height(), 360);
+}
+
 // Keys
 
 TEST_F(PromptEditor, returnInTheTitleSaves) {

@@ -333,6 +333,23 @@ TEST_F(PromptList, theAlertsCancelLeavesThePromptAndTheSelectionAsTheyWere) {
     EXPECT_FALSE(view().isShowingDeleteAlert());
 }
 
+TEST_F(PromptList, underTheAlertTheListsKeysDoNothing) {
+    Prompt* prompt = addPrompt(QStringLiteral("a"));
+    addPrompt(QStringLiteral("b"));
+    shownView().select(prompt);
+    view().askToDeleteSelection();
+    press(Qt::Key_N, Qt::ControlModifier);
+    press(Qt::Key_P);
+    press(Qt::Key_Up);
+    EXPECT_FALSE(view().isPresentingEditor());
+    EXPECT_EQ(view().selection(), prompt);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(view().isShowingDeleteAlert());
+    EXPECT_FALSE(prompt->isDeleted());
+    press(Qt::Key_Up);
+    EXPECT_NE(view().selection(), prompt);
+}
+
 TEST_F(PromptList, deletingAnotherPromptLeavesTheSelection) {
     Prompt* other = addPrompt(QStringLiteral("other"));
     Prompt* selected = addPrompt(QStringLiteral("selected"));

@@ -1,5 +1,7 @@
 #include "interface/AppearanceMode.h"
+#include "interface/IconButton.h"
 #include "interface/LazyList.h"
+#include "interface/Menu.h"
 #include "interface/Sheet.h"
 #include "interface/Style.h"
 #include "interface/TextField.h"
@@ -34,12 +36,20 @@ public:
         list.select(prompts.at(1));
         hoverRow(3);
         take("main");
+        Menu* menu = list.makeContextMenu(prompts.at(3));
+        menu->popup(view.mapToGlobal(QPoint(500, 460)));
+        QTest::qWait(settleTime);
+        menu->grab().save(folder + QStringLiteral("/menu.png"));
+        menu->close();
         list.askToDeleteSelection();
         take("alert");
         list.cancelDeletion();
         list.select(prompts.at(3));
         view.setSelectedTagId(context.tagsWithName(QStringLiteral("Code")).first()->id());
-        list.copy(prompts.at(3));
+        QTest::qWait(settleTime);
+        for (IconButton* button : list.findChildren<IconButton*>())
+            if (button->isVisible() && button->accessibleName() == QStringLiteral("Copy prompt body"))
+                button->click();
         take("toast");
         view.setSelectedTagId(Uuid());
         view.setSearchText(QStringLiteral("no hits at all"));
@@ -102,6 +112,7 @@ int main(int argc, char** argv) {
     Camera camera(view, folder);
     camera.take("empty");
     addSamples(container.mainContext());
+    QTest::qWait(settleTime);
     camera.takeAll(container.mainContext());
     return 0;
 }
