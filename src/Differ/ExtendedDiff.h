@@ -17,7 +17,7 @@ constexpr ExtendedDiff extendedDiff(const Diff& diff, Source&& source, Target&& 
     const detail::Indexed from(source);
     const detail::Indexed to(target);
     if constexpr (detail::Internable<Source, Target, IsEqual>) {
-        if (!std::is_constant_evaluated()) {
+        if (!std::is_constant_evaluated() && static_cast<Index>(diff.size()) <= detail::mostNumbers) {
             return detail::pairMovesByNumber(diff, from, to);
         }
     }

@@ -32,13 +32,13 @@ private:
 /// The same by numbers, where both sides end in one that matches nothing.
 class NumberedSlide {
 public:
-    constexpr NumberedSlide(const Index* sourceNumbers, const Index* targetNumbers)
+    constexpr NumberedSlide(const ElementNumber* sourceNumbers, const ElementNumber* targetNumbers)
         : source(sourceNumbers), target(targetNumbers) {}
 
     template <class Number>
     constexpr Number operator()(Number x, Number y) const {
-        const Index* const a = source + x;
-        const Index* const b = target + y;
+        const ElementNumber* const a = source + x;
+        const ElementNumber* const b = target + y;
         Number length = 0;
         while (a[length] == b[length]) {
             ++length;
@@ -47,8 +47,8 @@ public:
     }
 
 private:
-    const Index* source;
-    const Index* target;
+    const ElementNumber* source;
+    const ElementNumber* target;
 };
 
 /// The differences of what lies behind the first `first` elements, which match.
@@ -105,7 +105,7 @@ constexpr std::vector<Diff::Element> differences(std::remove_reference_t<Source>
     const Index sourceCount = from.count() - first;
     const Index targetCount = to.count() - first;
     if constexpr (Internable<Source, Target, IsEqual>) {
-        if (!std::is_constant_evaluated()) {
+        if (!std::is_constant_evaluated() && checkedSum(sourceCount, targetCount) <= mostNumbers) {
             return differencesByNumber(from, to, first);
         }
     }

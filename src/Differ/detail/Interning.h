@@ -21,8 +21,15 @@ concept Internable = std::same_as<IsEqual, Equality> &&
     { std::hash<std::ranges::range_value_t<Source>>{}(element) } -> std::convertible_to<std::size_t>;
 };
 
+/// Four bytes each, so that the numbers of both sides stay in the nearest cache.
+using ElementNumber = std::int32_t;
+
+/// How many elements can be numbered.
+inline constexpr Index mostNumbers = std::numeric_limits<ElementNumber>::max();
+
 /// Gives equal elements the same number and unequal ones different numbers, so that the search compares numbers instead
-/// of texts. Elements have to live as long as this does.
+/// of texts. Elements have to live as long as this does; there may be up to
+/// mostNumbers of them.
 template <class Element>
 class Interning {
 public:
@@ -34,7 +41,7 @@ public:
         slots.assign(size, Slot{});
     }
 
-    [[nodiscard]] Index number(const Element& element) {
+    [[nodiscard]] ElementNumber number(const Element& element) {
         const std::size_t hash = std::hash<Element>{}(element)*0x9e3779b97f4a7c15ULL;
         const std::size_t mask = slots.size() - 1;
         std::size_t place = (hash >> 32U) & mask;
@@ -52,16 +59,16 @@ private:
     struct Slot {
         const Element* element = nullptr;
         std::size_t hash = 0;
-        Index number = 0;
+        ElementNumber number = 0;
     };
     std::vector<Slot> slots; ///< open addressing, a power of two, never more than half full
-    Index count = 0;
+    ElementNumber count = 0;
 };
 
 /// The numbers of both sides from `first` on, each side closed by a number of its own that matches nothing.
 struct InternedSides {
-    std::vector<Index> source;
-    std::vector<Index> target;
+    std::vector<ElementNumber> source;
+    std::vector<ElementNumber> target;
 
     template <class Source, class Target>
     InternedSides(const Indexed<Source>& from, const Indexed<Target>& to, Index first) {
@@ -72,8 +79,8 @@ struct InternedSides {
 
 private:
     template <class Side, class Numbers>
-    static std::vector<Index> fill(const Side& side, Index first, Numbers& numbers, Index closing) {
-        std::vector<Index> result;
+    static std::vector<ElementNumber> fill(const Side& side, Index first, Numbers& numbers, ElementNumber closing) {
+        std::vector<ElementNumber> result;
         result.reserve(static_cast<std::size_t>(side.count() - first) + 1);
         for (Index at = first; at < side.count(); ++at) {
             result.push_back(numbers.number(side[at]));
