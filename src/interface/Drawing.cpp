@@ -3,29 +3,89 @@
 #include <QLinearGradient>
 #include <QPainter>
 
+#include <array>
+#include <cmath>
+
 namespace Quillstacks {
+
+namespace {
+
+/// Whether edges and the ends of corners fall between device pixels; then sides need no antialiasing and meet the
+/// corners without a seam.
+bool isOnGrid(const QPainter& painter, const QRectF& box, qreal corner) {
+    const QTransform transform = painter.deviceTransform();
+    if (transform.type() > QTransform::TxScale || box.width() < 2 * corner || box.height() < 2 * corner)
+        return false;
+    const QRectF outer = transform.mapRect(box);
+    const QRectF inner = transform.mapRect(box.adjusted(corner, corner, -corner, -corner));
+    const auto isWhole = [](qreal value) { return std::abs(value - std::round(value)) < 0.01; };
+    return std::ranges::all_of(std::array{outer.left(), outer.top(), outer.right(), outer.bottom(), inner.left(),
+                                          inner.top(), inner.right(), inner.bottom()},
+                               isWhole);
+}
+
+/// The boxes of the four arcs, and the angle at which each begins.
+std::array<std::pair<QRectF, int>, 4> arcs(const QRectF& box, qreal radius) {
+    const QSizeF size(2 * radius, 2 * radius);
+    return {{{QRectF(box.topLeft(), size), 90},
+             {QRectF(box.topRight() - QPointF(2 * radius, 0), size), 0},
+             {QRectF(box.bottomRight() - QPointF(2 * radius, 2 * radius), size), 270},
+             {QRectF(box.bottomLeft() - QPointF(0, 2 * radius), size), 180}}};
+}
+
+// Antialiasing is slow in proportion to the height of what is drawn, so only the corners get it.
+void fillInParts(QPainter& painter, const QRectF& box, qreal radius, const QColor& color) {
+    painter.fillRect(box.adjusted(0, radius, 0, -radius), color);
+    painter.fillRect(QRectF(box.left() + radius, box.top(), box.width() - 2 * radius, radius), color);
+    painter.fillRect(QRectF(box.left() + radius, box.bottom() - radius, box.width() - 2 * radius, radius), color);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    for (const auto& [place, angle] : arcs(box, radius))
+        painter.drawPie(place, angle * 16, 90 * 16);
+}
+
+void strokeInParts(QPainter& painter, const QRectF& box, qreal radius, const QColor& color, qreal width) {
+    const qreal across = box.width() - 2 * radius;
+    const qreal along = box.height() - 2 * radius;
+    painter.fillRect(QRectF(box.left() + radius, box.top(), across, width), color);
+    painter.fillRect(QRectF(box.left() + radius, box.bottom() - width, across, width), color);
+    painter.fillRect(QRectF(box.left(), box.top() + radius, width, along), color);
+    painter.fillRect(QRectF(box.right() - width, box.top() + radius, width, along), color);
+    const qreal half = width / 2;
+    painter.setPen(QPen(color, width, Qt::SolidLine, Qt::FlatCap));
+    painter.setBrush(Qt::NoBrush);
+    for (const auto& [place, angle] : arcs(box.adjusted(half, half, -half, -half), radius - half))
+        painter.drawArc(place, angle * 16, 90 * 16);
+}
+
+} // namespace
 
 void fillRounded(QPainter& painter, const QRectF& box, qreal radius, const QColor& color) {
     if (!color.isValid() || color.alpha() == 0)
         return;
     painter.setRenderHint(QPainter::Antialiasing);
+    if (isOnGrid(painter, box, radius)) {
+        fillInParts(painter, box, radius, color);
+        return;
+    }
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    if (radius > 0)
-        painter.drawRoundedRect(box, radius, radius);
-    else
-        painter.drawRect(box);
+    painter.drawRoundedRect(box, radius, radius);
 }
 
 void strokeRounded(QPainter& painter, const QRectF& box, qreal radius, const QColor& color, qreal width) {
     if (!color.isValid() || color.alpha() == 0)
         return;
-    const qreal half = width / 2;
     painter.setRenderHint(QPainter::Antialiasing);
+    if (radius > width && isOnGrid(painter, box, radius)) {
+        strokeInParts(painter, box, radius, color, width);
+        return;
+    }
+    const qreal half = width / 2;
+    const qreal middle = std::max(0.0, radius - half);
     painter.setPen(QPen(color, width));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(box.adjusted(half, half, -half, -half), std::max(0.0, radius - half),
-                            std::max(0.0, radius - half));
+    painter.drawRoundedRect(box.adjusted(half, half, -half, -half), middle, middle);
 }
 
 void drawBox(QPainter& painter, const QRectF& box, qreal radius, const QColor& ground, const QColor& edge) {

@@ -8,8 +8,10 @@
 namespace Quillstacks {
 namespace {
 
-/// Two lines of the widest row hold a third of this.
-constexpr qsizetype shownLength = 1000;
+/// No row holds more.
+constexpr qsizetype longestShown = 4000;
+/// How much more than fits is laid out: lines end early where words break.
+constexpr qreal surplus = 1.3;
 
 bool isLineEnd(QChar unit) {
     return unit == u'\n' || unit == u'\r' || unit == u'\u0085' || unit == QChar::LineSeparator ||
@@ -59,9 +61,23 @@ int RowText::lineCount(const QString& text, qreal width, int maximum) const {
     return lines;
 }
 
+qsizetype RowText::shownLength(const QString& text, qreal width, int lines) const {
+    const qreal enough = width * lines * surplus + 100;
+    const qsizetype end = std::min(text.size(), longestShown);
+    qreal used = 0;
+    for (qsizetype i = 0; i < end; ++i) {
+        const char16_t unit = text[i].unicode();
+        // Others than ASCII may be of any width, none included, so they count for nothing.
+        used += unit < ascii.size() ? ascii[unit] : 0;
+        if (used > enough)
+            return i + 1;
+    }
+    return end;
+}
+
 void RowText::draw(QPainter& painter, const QRectF& box, const QString& text, const QColor& color, int lines,
                    int lineHeight) const {
-    QString beginning = text.left(shownLength);
+    QString beginning = text.left(shownLength(text, box.width(), lines));
     beginning.replace(u'\t', u' ');
     painter.setPen(color);
     TextBlock(beginning, {textFont, lineHeight, lines, Qt::AlignLeft}, box.width()).draw(painter, box.topLeft());

@@ -28,6 +28,7 @@ public:
 
 private:
     [[nodiscard]] qreal advance(const QString& text, qsizetype at, qsizetype length) const;
+    [[nodiscard]] qsizetype shownLength(const QString& text, qreal width, int lines) const;
 
     QFont textFont;
     std::array<float, 128> ascii{};
