@@ -27,15 +27,6 @@ namespace Quillstacks {
 
 namespace {
 
-/// Holds whatever the window shows at no less than the smallest size, so that a lower window scrolls it.
-class Frame final : public QWidget {
-public:
-    using QWidget::QWidget;
-    [[nodiscard]] QSize minimumSizeHint() const override {
-        return QWidget::minimumSizeHint().expandedTo(MainWindow::smallestSize);
-    }
-};
-
 constexpr QSize firstSize{1280, 800};
 
 } // namespace
@@ -92,7 +83,7 @@ void MainWindow::setVisible(bool visible) {
 
 void MainWindow::buildContent() {
     // Born in its place: a later change of parent would lose the focus that the content gives itself.
-    auto* frame = new Frame(area->viewport());
+    auto* frame = new QWidget(area->viewport());
     auto* layers = new QVBoxLayout(frame);
     layers->setContentsMargins(0, 0, 0, 0);
     layers->addWidget(makeContent(frame));

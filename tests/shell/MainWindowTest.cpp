@@ -14,6 +14,8 @@
 #include <QEvent>
 #include <QPointer>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace Quillstacks {
 namespace {
@@ -50,8 +52,8 @@ TEST_F(MainScene, withAnErrorItShowsTheFailureScreenAtTheFullMinimumSize) {
     auto* screen = window.findChild<DataStoreErrorView*>();
     ASSERT_TRUE(screen && screen->isVisible());
     EXPECT_FALSE(window.contentView());
-    EXPECT_GE(screen->width(), 1280);
-    EXPECT_GE(screen->height(), 720);
+    EXPECT_EQ(screen->size(), window.size());
+    EXPECT_EQ(MainWindow::smallestSize, QSize(1280, 720));
 }
 
 TEST_F(MainScene, withNeitherItSaysThatItIsInitializing) {
@@ -63,7 +65,7 @@ TEST_F(MainScene, withNeitherItSaysThatItIsInitializing) {
     EXPECT_TRUE(labels.first()->isVisible());
 }
 
-TEST_F(MainScene, onASmallerScreenTheWindowTakesWhatThereIsAndTheContentKeepsItsSize) {
+TEST_F(MainScene, onASmallerScreenTheWindowTakesWhatThereIs) {
     MainWindow window({container.get(), {}});
     window.open();
     const QSize available = window.screen()->availableSize();
@@ -71,8 +73,20 @@ TEST_F(MainScene, onASmallerScreenTheWindowTakesWhatThereIsAndTheContentKeepsIts
     EXPECT_LE(window.frameGeometry().height(), available.height());
     const QSize frame = window.frameGeometry().size() - window.size();
     EXPECT_EQ(window.minimumSize(), QSize(1280, 720).boundedTo(available - frame));
-    EXPECT_GE(window.contentView()->width(), 1280);
-    EXPECT_GE(window.contentView()->height(), 720);
+    EXPECT_EQ(window.contentView()->size(), window.size());
+}
+
+TEST_F(MainScene, contentThatNeedsMoreThanTheWindowHasScrolls) {
+    MainWindow window({nullptr, error});
+    window.open();
+    window.setMinimumSize(200, 150);
+    window.resize(300, 200);
+    QCoreApplication::processEvents();
+    const auto* area = window.findChild<QScrollArea*>();
+    const auto* screen = window.findChild<DataStoreErrorView*>();
+    EXPECT_GE(screen->width(), 600);
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), screen->width() - window.width());
+    EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
 }
 
 TEST_F(MainScene, appearingTurnsThePolicyToRegularAndAsksForTheFocus) {
