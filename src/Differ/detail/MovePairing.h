@@ -23,7 +23,7 @@ public:
                 result.elements.push_back(ExtendedDiff::Element::of(diff[candidate]));
             }
         }
-        result.reorderedIndex.resize(result.sourceIndex.size());
+        result.reorderedIndex.assign(result.sourceIndex.size(), 0);
         for (std::size_t place = 0; place < result.sourceIndex.size(); ++place) {
             result.reorderedIndex[static_cast<std::size_t>(result.sourceIndex[place])] = static_cast<Index>(place);
         }

@@ -90,7 +90,7 @@ private:
     }
 
     constexpr std::vector<Step> stepsBack() const {
-        std::vector<Step> steps(rows.size());
+        std::vector<Step> steps(rows.size(), Step::deletion);
         Number k = N - M;
         for (std::size_t round = rows.size(); round > 0; --round) {
             const Row& row = rows[round - 1];
