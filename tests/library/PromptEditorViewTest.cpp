@@ -9,6 +9,7 @@
 #include "variables/VariablePreferences.h"
 #include "variables/VariableSubstitutionView.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QSignalSpy>
 
@@ -235,6 +236,26 @@ TEST_F(PromptEditor, aFailedSaveIsLoggedAndTheSheetClosesAllTheSame) {
     EXPECT_FALSE(log.contains(QStringLiteral("Prompt saved successfully")));
     EXPECT_EQ(prompt->title(), QStringLiteral("new"));
     EXPECT_TRUE(library.context().hasChanges());
+}
+
+TEST_F(PromptEditor, whereTheHistoryCanNotBeReadNothingIsWrittenAndTheSheetStays) {
+    library.addVersion(addPrompt(QStringLiteral("t")), QStringLiteral("earlier"));
+    library.saveAndReopen();
+    QFile file(library.path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    constexpr qint64 firstPage = 4096; // holds the schema, and is in memory
+    ASSERT_TRUE(file.seek(firstPage));
+    file.write(QByteArray(file.size() - firstPage, '\xFF'));
+    file.close();
+    Prompt* prompt = library.prompt(QStringLiteral("t"));
+    open(prompt).setTitle(QStringLiteral("typed"));
+    const LogCapture log;
+    editor->savePrompt();
+    EXPECT_EQ(closed->count(), 0);
+    EXPECT_EQ(editor->title(), QStringLiteral("typed"));
+    EXPECT_EQ(prompt->title(), QStringLiteral("t"));
+    ASSERT_EQ(log.lines().size(), 1);
+    EXPECT_TRUE(log.lines().first().startsWith(QStringLiteral("data error: Data error in saving prompt: ")));
 }
 
 TEST_F(PromptEditor, theTextOfAPromptThatIsGoneIsKeptAsANewPrompt) {
