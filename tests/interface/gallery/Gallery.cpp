@@ -286,6 +286,8 @@ void Gallery::setStates() {
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(4, 4), QPointF(4, 4), Qt::LeftButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(widget, &press);
     }
+    if (Sheet::top(this))
+        return; // the keyboard is the sheet's
     for (QWidget* widget : focused) {
         if (qobject_cast<TextField*>(widget)) {
             widget->setFocus(Qt::TabFocusReason);
