@@ -63,14 +63,14 @@ void QuickAccessPanel::mousePressEvent(QMouseEvent* event) {
 }
 
 void QuickAccessPanel::mouseMoveEvent(QMouseEvent* event) {
-    const QPoint at = event->position().toPoint();
-    if (!grip || (at - *grip).manhattanLength() < QApplication::startDragDistance())
+    if (!grip || (event->buttons() & Qt::LeftButton) == 0)
         return;
-    // The window manager does the moving where it can: on Wayland nobody else may.
-    if (windowHandle() && windowHandle()->startSystemMove())
+    // On Wayland only the compositor can move a window. Elsewhere it is done here: a window manager that does it takes
+    // the keyboard meanwhile, and a panel of a program that isn't active goes away.
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        move(event->globalPosition().toPoint() - *grip);
+    else if (windowHandle() && windowHandle()->startSystemMove())
         grip.reset();
-    else
-        move(pos() + at - *grip);
 }
 
 void QuickAccessPanel::mouseReleaseEvent(QMouseEvent*) {

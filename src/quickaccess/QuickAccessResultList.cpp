@@ -63,7 +63,14 @@ void QuickAccessResultList::setResults(const QList<Prompt*>& newResults, int sel
         std::find_if_not(results.cbegin(), results.cend(), [](const Prompt* prompt) { return prompt->isPinned(); }) -
         results.cbegin();
     selected = selectedIndex;
+    takeMetrics();
     rows->reload();
+}
+
+void QuickAccessResultList::takeMetrics() {
+    rowMetrics = QuickAccessRow::Metrics::current();
+    for (const Section section : {Section::pinned, Section::all})
+        headerHeights[static_cast<int>(section)] = QuickAccessSectionHeader::heightFor(section);
 }
 
 void QuickAccessResultList::setSelectedIndex(int index) {
@@ -103,8 +110,8 @@ int QuickAccessResultList::rowOf(int index) const {
 int QuickAccessResultList::heightOf(int at, int width) const {
     const Item item = itemAt(at);
     if (item.kind == headerKind)
-        return QuickAccessSectionHeader::heightFor(static_cast<Section>(item.index));
-    return QuickAccessRow::heightFor(*results.at(item.index), width);
+        return headerHeights[item.index];
+    return QuickAccessRow::heightFor(*results.at(item.index), width, rowMetrics);
 }
 
 void QuickAccessResultList::bind(QWidget* widget, int at) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "quickaccess/QuickAccessRow.h"
+
 #include <QList>
 #include <QWidget>
 
@@ -7,7 +9,6 @@ namespace Quillstacks {
 
 class LazyList;
 class Prompt;
-class QuickAccessRow;
 
 /// The list of results in its two sections. It knows results by their index; the headings between them are its own.
 class QuickAccessResultList final : public QWidget {
@@ -43,6 +44,7 @@ private:
     void installSource();
     void bind(QWidget* row, int at);
     void placeFade();
+    void takeMetrics();
     [[nodiscard]] int heightOf(int at, int width) const;
     [[nodiscard]] int headerCount() const { return pinnedCount == 0 ? 0 : pinnedCount == results.size() ? 1 : 2; }
     [[nodiscard]] Item itemAt(int at) const;
@@ -53,6 +55,8 @@ private:
     QList<Prompt*> results;
     qsizetype pinnedCount = 0;
     int selected = 0;
+    QuickAccessRow::Metrics rowMetrics;
+    int headerHeights[2] = {0, 0}; ///< by section
 };
 
 } // namespace Quillstacks

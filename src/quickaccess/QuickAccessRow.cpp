@@ -47,6 +47,12 @@ const RowText& bodyText() {
     return rowText(TextStyle::caption);
 }
 
+/// Every row of a library is asked with every key, so a text that is certainly too long for one line isn't measured.
+int bodyLines(const QString& body, int width) {
+    constexpr int narrowest = 1; // pixels to a character, on the average of a line
+    return body.size() * narrowest > width ? mostBodyLines : bodyText().lineCount(body, width, mostBodyLines);
+}
+
 QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
     QList<std::pair<QString, QColor>> tags;
     for (const Tag* tag : prompt.tags().first(std::min<qsizetype>(prompt.tags().size(), mostTags)))
@@ -64,13 +70,16 @@ QString QuickAccessRow::titleText(const Prompt& prompt) {
     return prompt.title().isEmpty() ? QStringLiteral("Untitled") : prompt.title();
 }
 
-int QuickAccessRow::heightFor(const Prompt& prompt, int width) {
-    int column = textLineHeight(TextStyle::headline);
+QuickAccessRow::Metrics QuickAccessRow::Metrics::current() {
+    return {textLineHeight(TextStyle::headline), textLineHeight(TextStyle::caption), ChipStyle::quickAccess().height()};
+}
+
+int QuickAccessRow::heightFor(const Prompt& prompt, int width, const Metrics& metrics) {
+    int column = metrics.title;
     if (!prompt.body().isEmpty())
-        column += columnGap + bodyText().lineCount(prompt.body(), textWidth(width), mostBodyLines) *
-                                  textLineHeight(TextStyle::caption);
+        column += columnGap + bodyLines(prompt.body(), textWidth(width)) * metrics.bodyLine;
     if (!prompt.tags().isEmpty())
-        column += columnGap + ChipStyle::quickAccess().height();
+        column += columnGap + metrics.tags;
     return 2 * inset + std::max(column, symbolSize);
 }
 
@@ -109,7 +118,7 @@ void QuickAccessRow::paintTexts(QPainter& painter) const {
     y += titleHeight;
     if (const QString& body = shownPrompt->body(); !body.isEmpty()) {
         const int line = textLineHeight(TextStyle::caption);
-        const int lines = bodyText().lineCount(body, room, mostBodyLines);
+        const int lines = bodyLines(body, room);
         bodyText().draw(painter, QRectF(inset, y + columnGap, room, lines * line), body, theme.color(ColorRole::text2),
                         lines, line);
         y += columnGap + lines * line;

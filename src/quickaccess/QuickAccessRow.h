@@ -23,8 +23,15 @@ public:
 
     /// The title as it is shown.
     [[nodiscard]] static QString titleText(const Prompt& prompt);
+    /// Heights of a row's parts; good for as long as the fonts stay.
+    struct Metrics {
+        int title = 0;
+        int bodyLine = 0;
+        int tags = 0;
+        [[nodiscard]] static Metrics current();
+    };
     /// How high the row of a prompt is at a width.
-    [[nodiscard]] static int heightFor(const Prompt& prompt, int width);
+    [[nodiscard]] static int heightFor(const Prompt& prompt, int width, const Metrics& metrics);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -12,7 +12,9 @@ namespace {
 class QuickAccessRowLook : public LibraryFixture {
 protected:
     static constexpr int width = 662;
-    static int height(const Prompt* prompt) { return QuickAccessRow::heightFor(*prompt, width); }
+    static int height(const Prompt* prompt) {
+        return QuickAccessRow::heightFor(*prompt, width, QuickAccessRow::Metrics::current());
+    }
     QImage paint(const Prompt* prompt, bool isSelected) {
         QuickAccessRow row;
         row.setPrompt(prompt, isSelected);

@@ -102,6 +102,7 @@ int main(int argc, char** argv) {
     if (!options.isSet(QStringLiteral("empty")))
         fill(container.mainContext());
 
+    QApplication::setQuitOnLastWindowClosed(false);
     auto& manager = QuickAccessWindowManager::shared();
     manager.setModelContainer(&container);
     manager.toggle();
