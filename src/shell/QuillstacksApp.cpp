@@ -82,6 +82,8 @@ void QuillstacksApp::makeScenes() {
         QGuiApplication::setWindowIcon(
             QIcon::fromTheme(QStringLiteral("app.Quillstacks"), QIcon(QStringLiteral(":/app-icon.svg"))));
     });
+    // Once the window has been painted, so that the first press need not wait for the panel to be built.
+    MainQueue::after(0.5, this, [] { QuickAccessWindowManager::shared().prepare(); });
 }
 
 void QuillstacksApp::makeStatusItem() {

@@ -101,6 +101,15 @@ TEST_F(Launch, aPressOfTheHotkeyTogglesThePanelTwoTurnsLater) {
     EXPECT_FALSE(panel().isVisible());
 }
 
+TEST_F(Launch, thePanelIsBuiltAheadWithoutShowing) {
+    const QuillstacksApp app;
+    turn();
+    EXPECT_FALSE(panel().rootView());
+    clock.advance(500ms);
+    EXPECT_TRUE(panel().rootView());
+    EXPECT_FALSE(panel().isVisible());
+}
+
 TEST_F(Launch, anUnreadableStoreIsLeftAsItIsAndShownAsAFailure) {
     breakStore();
     QFile file(storePath());
