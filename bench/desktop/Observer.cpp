@@ -40,6 +40,28 @@ void Observer::observeTopLevels() {
     xcb_flush(connection);
 }
 
+void Observer::observeAll() {
+    observeTopLevels();
+    observesNew = true;
+    // A managed window lies in a frame of the window manager's.
+    observeBelow(root, 2);
+}
+
+void Observer::observeBelow(xcb_window_t parent, int levels) {
+    const Held<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, parent), nullptr));
+    if (!tree)
+        return;
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
+        const Size size = sizeOf(children[index]);
+        if (size.width >= smallestWindow && size.height >= smallestWindow)
+            observe(children[index]);
+        if (levels > 1)
+            observeBelow(children[index], levels - 1);
+    }
+}
+
 Moment Observer::send(xcb_keysym_t symbol, bool isDown) {
     const Held<xcb_keycode_t> codes(xcb_key_symbols_get_keycode(symbols, symbol));
     if (!codes || *codes == XCB_NO_SYMBOL)
@@ -55,12 +77,17 @@ void Observer::tap(xcb_keysym_t symbol) {
     send(symbol, false);
 }
 
-std::optional<Seen> Observer::translate(const xcb_generic_event_t& event) const {
+std::optional<Seen> Observer::translate(const xcb_generic_event_t& event) {
     const Moment now = std::chrono::steady_clock::now();
     const int type = event.response_type & 0x7f;
     if (type == firstDamageEvent + XCB_DAMAGE_NOTIFY) {
         const auto& damage = reinterpret_cast<const xcb_damage_notify_event_t&>(event);
         return Seen{Seen::What::painted, damage.drawable, now, damage.area.width, damage.area.height};
+    }
+    if (type == XCB_CREATE_NOTIFY && observesNew) {
+        const auto& made = reinterpret_cast<const xcb_create_notify_event_t&>(event);
+        if (made.width >= smallestWindow && made.height >= smallestWindow)
+            observe(made.window);
     }
     if (type == XCB_MAP_NOTIFY)
         return Seen{Seen::What::mapped, reinterpret_cast<const xcb_map_notify_event_t&>(event).window, now};

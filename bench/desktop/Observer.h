@@ -12,6 +12,9 @@
 
 namespace Quillstacks::Bench {
 
+/// Helper windows, which nobody sees, are smaller in width or height.
+inline constexpr int smallestWindow = 100;
+
 using Moment = std::chrono::steady_clock::time_point;
 
 inline double milliseconds(Moment from, Moment to) {
@@ -41,6 +44,8 @@ public:
     void observe(xcb_window_t window);
     /// From now on tells of the mapping of every top-level window, frames of the window manager's included.
     void observeTopLevels();
+    /// From now on observes every window of some size, those that are yet to be made as well.
+    void observeAll();
 
     /// Presses or releases the key that gives a symbol of the present layout, and returns when that was sent.
     Moment send(xcb_keysym_t symbol, bool isDown);
@@ -64,12 +69,14 @@ private:
     template <typename Reply>
     using Held = std::unique_ptr<Reply, Free>;
 
-    std::optional<Seen> translate(const xcb_generic_event_t& event) const;
+    std::optional<Seen> translate(const xcb_generic_event_t& event);
+    void observeBelow(xcb_window_t parent, int levels);
 
     xcb_connection_t* connection;
     xcb_window_t root = 0;
     xcb_key_symbols_t* symbols = nullptr;
     uint8_t firstDamageEvent = 0;
+    bool observesNew = false;
 };
 
 } // namespace Quillstacks::Bench

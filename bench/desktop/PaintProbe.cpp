@@ -1,7 +1,7 @@
 // How long other programs take, seen from outside: the same probe looks at ours and at its peers.
 //
 //   bench_paint_probe start ROUNDS COMMAND [ARGUMENT…]   from the start of a process to its first window's mapping
-//   bench_paint_probe panel WINDOW ROUNDS                from the hot key to mapped, painted and focused
+//   bench_paint_probe panel ROUNDS                       from the hot key to mapped, painted and focused
 //   bench_paint_probe keys WINDOW ROUNDS LETTERS         from each letter's key press to the last painting that it
 //   causes
 //
@@ -13,11 +13,14 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <fcntl.h>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace Quillstacks::Bench {
 namespace {
@@ -27,8 +30,6 @@ using namespace std::chrono_literals;
 constexpr auto patience = 10s;
 /// A painting that comes later than this after the one before has another cause: the cursor's blinking, say.
 constexpr auto burstGap = 40ms;
-/// Helper windows are smaller.
-constexpr int smallestWindow = 100;
 
 Moment soon() {
     return std::chrono::steady_clock::now() + patience;
@@ -45,6 +46,8 @@ Seen waitFor(Observer& observer, Seen::What what) {
 pid_t launch(char** command) {
     const pid_t process = fork();
     if (process == 0) {
+        // Its log is nobody's business here.
+        dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
         execvp(command[0], command);
         _exit(127);
     }
@@ -81,38 +84,51 @@ struct Opening {
     [[nodiscard]] bool isComplete() const { return mapped && focused && painted; }
 };
 
-Opening observeOpening(Observer& observer, Observer::Size size) {
-    Opening opening;
-    Moment limit = soon();
-    while (const auto seen = observer.next(limit)) {
-        if (seen->what == Seen::What::mapped)
-            opening.mapped = opening.mapped.value_or(seen->when);
-        else if (seen->what == Seen::What::focused)
-            opening.focused = opening.focused.value_or(seen->when);
-        else if (seen->what == Seen::What::painted && opening.mapped) {
-            opening.settled = seen->when;
-            if (seen->width * seen->height * 10 >= size.width * size.height * 9)
-                opening.painted = opening.painted.value_or(seen->when);
-        }
-        if (opening.isComplete())
-            limit = seen->when + burstGap;
+void note(Opening& opening, const Seen& seen, Observer::Size size) {
+    if (seen.what == Seen::What::mapped)
+        opening.mapped = opening.mapped.value_or(seen.when);
+    else if (seen.what == Seen::What::focused)
+        opening.focused = opening.focused.value_or(seen.when);
+    else if (seen.what == Seen::What::painted && opening.mapped) {
+        opening.settled = seen.when;
+        if (seen.width * seen.height * 10 >= size.width * size.height * 9)
+            opening.painted = opening.painted.value_or(seen.when);
     }
-    if (!opening.isComplete())
-        throw std::runtime_error("the panel did not come");
-    return opening;
 }
 
-void measurePanel(xcb_window_t window, int rounds) {
+/// What becomes of the window that is mapped, painted and focused next; it may be made anew for each press.
+std::pair<xcb_window_t, Opening> observeOpening(Observer& observer) {
+    std::map<xcb_window_t, Opening> openings;
+    xcb_window_t found = XCB_NONE;
+    Moment limit = soon();
+    while (const auto seen = observer.next(limit)) {
+        Opening& opening = openings[seen->window];
+        note(opening, *seen, observer.sizeOf(seen->window));
+        if (opening.isComplete()) {
+            found = seen->window;
+            limit = seen->when + burstGap;
+        }
+    }
+    if (found == XCB_NONE)
+        throw std::runtime_error("the panel did not come");
+    return {found, openings[found]};
+}
+
+void waitForUnmapping(Observer& observer, xcb_window_t window) {
+    while (waitFor(observer, Seen::What::unmapped).window != window)
+        continue;
+}
+
+void measurePanel(int rounds) {
     Observer observer;
-    observer.observe(window);
-    const auto size = observer.sizeOf(window);
+    observer.observeAll();
     for (int round = 0; round < rounds; ++round) {
         observer.waitForQuiet(500ms);
         observer.send(XK_Control_L, true);
         observer.send(XK_Shift_L, true);
         observer.waitForQuiet(50ms);
         const Moment pressed = observer.send(XK_space, true);
-        const Opening opening = observeOpening(observer, size);
+        const auto [window, opening] = observeOpening(observer);
         observer.send(XK_space, false);
         observer.send(XK_Shift_L, false);
         observer.send(XK_Control_L, false);
@@ -122,7 +138,7 @@ void measurePanel(xcb_window_t window, int rounds) {
                     milliseconds(pressed, *opening.painted), milliseconds(pressed, ready),
                     milliseconds(pressed, opening.settled));
         observer.tap(XK_Escape);
-        waitFor(observer, Seen::What::unmapped);
+        waitForUnmapping(observer, window);
     }
 }
 
@@ -156,12 +172,12 @@ int run(int count, char** arguments) {
     const std::string_view mode = count > 1 ? arguments[1] : "";
     if (mode == "start" && count > 3)
         measureStart(std::stoi(arguments[2]), arguments + 3);
-    else if (mode == "panel" && count == 4)
-        measurePanel(static_cast<xcb_window_t>(std::stoul(arguments[2])), std::stoi(arguments[3]));
+    else if (mode == "panel" && count == 3)
+        measurePanel(std::stoi(arguments[2]));
     else if (mode == "keys" && count == 5)
         measureKeys(static_cast<xcb_window_t>(std::stoul(arguments[2])), std::stoi(arguments[3]), arguments[4]);
     else
-        throw std::runtime_error("start ROUNDS COMMAND… | panel WINDOW ROUNDS | keys WINDOW ROUNDS LETTERS");
+        throw std::runtime_error("start ROUNDS COMMAND… | panel ROUNDS | keys WINDOW ROUNDS LETTERS");
     return 0;
 }
 

@@ -34,7 +34,7 @@ class Bench:
 
     def _probe(self, *arguments, environment=None):
         """The probe's measurements, a dictionary for each line: {"mapped": 12.3}."""
-        text = subprocess.run([self._tools / "bench_paint_probe", *map(str, arguments)], check=True, capture_output=True,
+        text = subprocess.run([self._tools / "bench_paint_probe", *map(str, arguments)], check=True, stdout=subprocess.PIPE,
                               text=True, env=environment).stdout
         return [{name: float(value) for name, value in re.findall(r"(\w+) ([\d.]+)", line)} for line in text.splitlines()]
 
@@ -57,17 +57,16 @@ class Bench:
         program.main_window()
         # The first press builds the panel; everyone after it finds it built.
         keyboard.press_hot_key()
-        panel = program.wait_for_panel()
+        program.wait_for_panel()
         keyboard.press("Escape")
         program.wait_for_no_panel()
-        opened = self._probe("panel", panel.number, OPENINGS)
+        opened = self._probe("panel", OPENINGS)
         self._row("hot key to panel mapped, painted and focused", median(opened, "ready"), peer_start, 0.25)
         details = ", ".join(f"{name} {median(opened, name):.1f}" for name in ("mapped", "focused", "painted", "settled"))
         print(f"  panel: {details} ms; rofi start to map {peer_start:.1f} ms")
 
         keyboard.press_hot_key()
-        program.wait_for_panel()
-        ours = self._keys(panel.number)
+        ours = self._keys(program.wait_for_panel().number)
         program.end()
         peers = self._rofi_keys(rofi)
         self._row("key press in the search to results painted", overall(ours), overall(peers), 0.5)
