@@ -11,17 +11,17 @@ class QPainter;
 
 namespace Quillstacks {
 
-/// The one or two lines of a long text that a row shows. Neither question looks at more than the text's beginning, so
-/// a text of any size costs the same.
+/// The one or two lines of a long text that a row shows: its words in one flow, white space of any kind (line ends
+/// included) as one space. Neither question looks at more than the text's beginning, so a text of any size costs the
+/// same.
 class RowText final {
 public:
     explicit RowText(const QFont& font);
 
-    /// How many lines the text takes at a width, at most `maximum`; found by adding up advances, without a layout. A
-    /// text with a line end takes at least two.
+    /// How many lines the text takes at a width, at most `maximum`; found by adding up advances, without a layout.
     [[nodiscard]] int lineCount(const QString& text, qreal width, int maximum = 2) const;
     /// Draws the text from the top of `box`, within `lines` lines of `lineHeight`; what is left over is an ellipsis at
-    /// the end of the last one. One line holds up to the first line end.
+    /// the end of the last one.
     void draw(QPainter& painter, const QRectF& box, const QString& text, const QColor& color, int lines,
               int lineHeight) const;
     [[nodiscard]] const QFont& font() const { return textFont; }

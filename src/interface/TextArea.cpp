@@ -14,8 +14,9 @@ namespace Quillstacks {
 namespace {
 
 constexpr qreal radius = 6;
-constexpr int paddingX = 13;
-constexpr int paddingY = 9;
+constexpr int paddingX = 12;
+constexpr int paddingY = 8;
+constexpr qreal hoveredEdgeOpacity = 0.3;
 
 } // namespace
 
@@ -65,7 +66,8 @@ bool TextArea::event(QEvent* event) {
         QPainter painter(this);
         if (!isEnabled())
             painter.setOpacity(0.5);
-        const QColor edge = mix(theme.color(ColorRole::border), theme.color(ColorRole::borderHover), hover.value());
+        // Clear at rest: a form of many fields stays calm.
+        const QColor edge = theme.tint(ColorRole::text2, hoveredEdgeOpacity * hover.value());
         drawBox(painter, rect(), radius, theme.color(ColorRole::field), hasFocus() ? QColor() : edge);
     }
     return PlainTextEdit::event(event);

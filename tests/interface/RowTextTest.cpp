@@ -26,9 +26,11 @@ TEST(RowText, aTextThatDoesNotFitIsTwo) {
     EXPECT_EQ(rowText().lineCount(QString(200, QLatin1Char('m')), 400), 2);
 }
 
-TEST(RowText, aLineEndMakesTwo) {
-    for (const char16_t* text : {u"a\nb", u"a\r\nb", u"a\rb", u"\n"})
-        EXPECT_EQ(rowText().lineCount(QString::fromUtf16(text), 400), 2);
+TEST(RowText, aLineEndIsShownAsASpace) {
+    for (const char16_t* text : {u"a\nb", u"a\r\nb", u"a\rb", u"a\n\n\n  b", u"\n", u"a\u2028b"})
+        EXPECT_EQ(rowText().lineCount(QString::fromUtf16(text), 400), 1);
+    const QString paragraphs = QStringLiteral("One line.\n\nAnother line, and ") + QString(200, QLatin1Char('m'));
+    EXPECT_EQ(rowText().lineCount(paragraphs, 400), 2);
 }
 
 TEST(RowText, theCountAgreesWithALayout) {
