@@ -1,6 +1,6 @@
 # Every dependency is a Debian 12 package; README.md names each with its reason.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network DBus Svg Test)
-find_package(QCoro6 REQUIRED COMPONENTS Core)
+find_package(QCoro6 REQUIRED COMPONENTS Core DBus)
 find_package(SQLiteCpp REQUIRED)
 find_package(ICU 72 REQUIRED COMPONENTS uc i18n data)
 find_package(PkgConfig REQUIRED)

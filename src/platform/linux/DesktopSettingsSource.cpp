@@ -1,8 +1,8 @@
 #include "DesktopSettingsSource.h"
 
+#include <QCoroDBusPendingCall>
 #include <QDBusArgument>
 #include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <QPalette>
@@ -52,6 +52,12 @@ std::optional<QColor> colorFrom(const QVariant& value) {
     return QColor::fromRgbF(static_cast<float>(parts[0]), static_cast<float>(parts[1]), static_cast<float>(parts[2]));
 }
 
+QDBusMessage question(const QString& method, const QString& nameSpace, const QString& key) {
+    auto message = QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, method);
+    message << nameSpace << key;
+    return message;
+}
+
 } // namespace
 
 DesktopSettingsSource::DesktopSettingsSource(DesktopSettings* target) : QObject(target), settings(target) {
@@ -66,27 +72,18 @@ DesktopSettingsSource::DesktopSettingsSource(DesktopSettings* target) : QObject(
     // The slot takes the whole message: one that names its parameters' types is silently never called for this signal.
     bus.connect(portal, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QDBusMessage)));
-    ask(appearance, colorSchemeKey, readOne);
-    ask(appearance, accentColorKey, readOne);
-    ask(gnomeInterface, animationsKey, readOne);
+    read(appearance, colorSchemeKey);
+    read(appearance, accentColorKey);
+    read(gnomeInterface, animationsKey);
 }
 
-void DesktopSettingsSource::ask(const QString& nameSpace, const QString& key, const QString& method) {
-    auto message = QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, method);
-    message << nameSpace << key;
-    auto* call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this,
-            [=, this](QDBusPendingCallWatcher* done) { answered(done, nameSpace, key, method); });
-}
-
-void DesktopSettingsSource::answered(QDBusPendingCallWatcher* call, const QString& nameSpace, const QString& key,
-                                     const QString& method) {
-    call->deleteLater();
-    const QDBusMessage reply = call->reply();
+QCoro::Task<> DesktopSettingsSource::read(QString nameSpace, QString key) {
+    QDBusMessage reply = co_await QDBusConnection::sessionBus().asyncCall(question(readOne, nameSpace, key));
+    // A portal that is too old to know the call knows its forerunner.
+    if (reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod"))
+        reply = co_await QDBusConnection::sessionBus().asyncCall(question(readOld, nameSpace, key));
     if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty())
         apply(nameSpace, key, unwrapped(reply.arguments().constFirst()));
-    else if (method == readOne && reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod"))
-        ask(nameSpace, key, readOld);
 }
 
 void DesktopSettingsSource::settingChanged(const QDBusMessage& message) {

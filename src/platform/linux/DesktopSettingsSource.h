@@ -2,11 +2,10 @@
 
 #include "platform/DesktopSettings.h"
 
+#include <QCoroTask>
 #include <QDBusMessage> // in full: the bus finds a slot only if it knows the types of its parameters
 #include <QString>
 #include <QVariant>
-
-class QDBusPendingCallWatcher;
 
 namespace Quillstacks {
 
@@ -21,9 +20,8 @@ private Q_SLOTS:
     void settingChanged(const QDBusMessage& message);
 
 private:
-    /// `method` is "ReadOne"; where the portal is too old to know it, "Read".
-    void ask(const QString& nameSpace, const QString& key, const QString& method);
-    void answered(QDBusPendingCallWatcher* call, const QString& nameSpace, const QString& key, const QString& method);
+    /// By value: the coroutine outlives its caller's texts. This object lives as long as the process.
+    QCoro::Task<> read(QString nameSpace, QString key);
     void apply(const QString& nameSpace, const QString& key, const QVariant& value);
 
     DesktopSettings* settings = nullptr;
