@@ -38,14 +38,6 @@ QLatin1String levelName(LogLevel level) {
     return QLatin1String("default");
 }
 
-void writeToStandardError(const LogRecord& record) {
-    const QByteArray line = QStringLiteral("Quillstacks[%1] %2: %3\n")
-                                .arg(record.category, levelName(record.level), record.message)
-                                .toUtf8();
-    // One call per line keeps lines of several threads apart.
-    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
-}
-
 } // namespace
 
 void Logger::write(LogLevel level, const QString& message) const {
@@ -59,7 +51,7 @@ void Logger::write(LogLevel level, const QString& message) const {
     if (sink)
         (*sink)(record);
     else
-        writeToStandardError(record);
+        Log::writeToStandardError(record);
 }
 
 void Logger::debug(const QString& message) const {
@@ -87,6 +79,14 @@ Log::Sink Log::setSink(Sink sink) {
     const std::lock_guard lock(shared().mutex);
     shared().sink.swap(replacement);
     return replacement ? *replacement : Sink();
+}
+
+void Log::writeToStandardError(const LogRecord& record) {
+    const QByteArray line = QStringLiteral("Quillstacks[%1] %2: %3\n")
+                                .arg(record.category, levelName(record.level), record.message)
+                                .toUtf8();
+    // One call per line keeps lines of several threads apart.
+    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
 }
 
 QString Log::redacted(const QString&) {

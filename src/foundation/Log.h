@@ -48,6 +48,9 @@ using Sink = std::function<void(const LogRecord&)>;
 /// "Quillstacks[category] level: message".
 Sink setSink(Sink sink);
 
+/// One such line. For a sink that can't get rid of a record.
+void writeToStandardError(const LogRecord& record);
+
 /// Stands in a message for a value that must not be readable: "<private>", whatever the value.
 [[nodiscard]] QString redacted(const QString& value);
 

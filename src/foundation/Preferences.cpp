@@ -24,6 +24,16 @@ bool makeFolder(const QString& path) {
     return makeFolder(QFileInfo(path).absolutePath()) && QDir().mkdir(path, onlyOwnerFolder);
 }
 
+/// Takes the rights of group and others from a file or folder that was made with more than it should have. File systems
+/// without rights, and another owner's file, refuse this; it serves all the same.
+void closeToOthers(const QString& path) {
+    constexpr QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    const QFile::Permissions rights = QFile::permissions(path);
+    if (rights & others)
+        QFile::setPermissions(path, rights & ~others);
+}
+
 /// Gives a file that can't be used another name; an earlier one of that name stays.
 bool setAside(const QString& path) {
     const QString plain = path + QStringLiteral(".broken");
@@ -52,26 +62,28 @@ void Preferences::setStandard(Preferences* preferences) {
 }
 
 void Preferences::load() {
-    QFile file(path);
-    if (!file.exists())
+    if (!QFileInfo::exists(path))
         return;
-    QString reason;
-    if (file.open(QIODevice::ReadOnly)) {
-        const QByteArray bytes = file.readAll();
+    closeToOthers(QFileInfo(path).absolutePath());
+    closeToOthers(path);
+    QString reason = QStringLiteral("not a regular file");
+    if (QFileInfo(path).isFile()) {
+        QFile file(path);
+        const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        // It may be readable again at the next start, with all that it holds.
+        unread = file.error() != QFile::NoError;
         QJsonParseError parse;
         const QJsonDocument document = QJsonDocument::fromJson(bytes, &parse);
-        if (file.error() == QFile::NoError && document.isObject()) {
+        if (!unread && document.isObject()) {
             values = document.object();
             return;
         }
         reason = parse.error == QJsonParseError::NoError ? QStringLiteral("not an object") : parse.errorString();
+        if (unread)
+            reason = file.errorString();
     }
-    if (file.error() != QFile::NoError)
-        reason = file.errorString();
-    unusable = true;
     Log::general.error(QStringLiteral("Preferences can't be read, defaults apply: %1 (%2)").arg(path, reason));
-    file.close();
-    unusable = !setAside(path);
+    unusable = !unread && !setAside(path);
 }
 
 bool Preferences::contains(const QString& key) const {
@@ -148,6 +160,9 @@ void Preferences::write() {
     const auto failed = [this](const QString& reason) {
         Log::general.error(QStringLiteral("Preferences can't be written: %1 (%2)").arg(path, reason));
     };
+    if (unread && QFileInfo::exists(path))
+        return failed(QStringLiteral("it could not be read at the start, and what it holds would be lost"));
+    unread = false;
     if (unusable && QFileInfo::exists(path) && !setAside(path))
         return failed(QStringLiteral("the unreadable file can't be set aside"));
     unusable = false;

@@ -9,14 +9,17 @@
 namespace Quillstacks {
 
 /// The user's settings: one JSON file of typed values, written atomically (mode 0600) the moment a value changes.
-/// An integer stays an integer. Keys that this program does not know are kept. A file that cannot be read as a JSON
-/// object is set aside ("preferences.json.broken", a number appended when that is taken), all keys read as absent, and
-/// an error goes to the log. A write that fails is logged, the value holds in memory, and the next write tries again.
+/// An integer stays an integer. Keys that this program does not know are kept. A file that is no JSON object is set
+/// aside
+/// ("preferences.json.broken", a number appended when that is taken), all keys read as absent, and an error goes to the
+/// log. A file that cannot be read at all stays as it is: values hold in memory only, until a later start reads it. A
+/// write that fails is logged, the value holds in memory, and the next write tries again.
 /// Main thread only.
 class Preferences final : public QObject {
     Q_OBJECT
 public:
-    /// Opens the file, or starts empty. The folder is made (0700) when the first value is written.
+    /// Opens the file, taking group's and others' rights from it and its folder, or starts empty. The folder is made
+    /// (0700) when the first value is written.
     explicit Preferences(QString filePath, QObject* parent = nullptr);
 
     /// The program's one domain. Made on first use at GenericConfigLocation/app.Quillstacks/preferences.json, unless
@@ -67,7 +70,8 @@ private:
     QString path;
     QJsonObject values;
     bool dirty = false;    ///< holds what is not on disk yet
-    bool unusable = false; ///< an unreadable file stands in the way and could not be set aside yet
+    bool unread = false;   ///< the file holds what could not be read, and must not be written over
+    bool unusable = false; ///< a file that is no JSON object stands in the way and could not be set aside yet
     int batches = 0;
 };
 

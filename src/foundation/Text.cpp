@@ -5,6 +5,7 @@
 #include <unicode/coll.h>
 #include <unicode/ustring.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace Quillstacks {

@@ -1,5 +1,7 @@
 #include "interface/Accessible.h"
 
+#include "interface/Sheet.h"
+
 #include <QAccessibleWidget>
 #include <QHash>
 #include <QWidget>
@@ -39,6 +41,8 @@ public:
         return names;
     }
     void doAction(const QString& name) override {
+        if (Sheet::covers(widget()))
+            return; // as inert as to mouse and keys
         if (name == pressAction() && traits.press && widget()->isEnabled())
             traits.press();
         else

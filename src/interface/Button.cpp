@@ -16,6 +16,7 @@ namespace Quillstacks {
 namespace {
 
 constexpr qreal symbolGap = 7;
+constexpr int smallestPadding = 6; ///< above and below the text together
 
 QColor brightened(const QColor& color, qreal factor) {
     const auto channel = [factor](int value) { return std::min(255, static_cast<int>(std::lround(value * factor))); };
@@ -41,6 +42,8 @@ Button::Button(const QString& text, Kind kind, QWidget* parent)
 }
 
 void Button::setTitle(const QString& text) {
+    if (text == this->text() && text == accessibleName())
+        return;
     setText(text);
     setShortcut({}); // the toolkit makes one of an "&" in the text
     setAccessibleName(text);
@@ -123,7 +126,9 @@ QSize Button::sizeHint() const {
     qreal width = QFontMetricsF(textFont()).horizontalAdvance(text()) + 2 * sidePadding();
     if (!symbol.isEmpty())
         width += symbolSize + (text().isEmpty() ? 0 : symbolGap);
-    return {static_cast<int>(std::ceil(width)), static_cast<int>(currentSize)};
+    // A large font of the desktop makes it taller than its size.
+    const int line = QFontMetrics(textFont()).height() + smallestPadding;
+    return {static_cast<int>(std::ceil(width)), std::max(static_cast<int>(currentSize), line)};
 }
 
 QSize Button::minimumSizeHint() const {

@@ -2,6 +2,7 @@
 
 #include "interface/Drawing.h"
 #include "interface/Theme.h"
+#include "LastInput.h"
 
 #include <QAbstractScrollArea>
 #include <QFocusEvent>
@@ -62,6 +63,7 @@ private:
 };
 
 void FocusRing::attach(QWidget* control, qreal radius, Manner manner) {
+    LastInput::watch();
     new FocusRingWatcher(control, radius, manner);
 }
 

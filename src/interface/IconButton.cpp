@@ -33,6 +33,8 @@ void IconButton::setSymbolSize(qreal points) {
 }
 
 void IconButton::setHelp(const QString& help) {
+    if (help == toolTip() && help == accessibleName())
+        return;
     setToolTip(help);
     setAccessibleName(help);
 }

@@ -185,6 +185,9 @@ LazyList::Shown LazyList::take(int index) {
 }
 
 void LazyList::release(const Shown& row) {
+    // Else the keyboard would go to whatever follows in the order of the Tab key.
+    if (row.widget->isAncestorOf(window()->focusWidget()))
+        setFocus(Qt::OtherFocusReason);
     row.widget->hide();
     if (source.hover)
         source.hover(row.widget, false);

@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <QTimerEvent>
 
 namespace Quillstacks {
@@ -122,7 +123,8 @@ void PlainTextEdit::inputMethodEvent(QInputMethodEvent* event) {
 void PlainTextEdit::paintEvent(QPaintEvent* event) {
     QTextEdit::paintEvent(event);
     QPainter painter(viewport());
-    if (document()->isEmpty() && !placeholderText.isEmpty()) {
+    const bool composing = !textCursor().block().layout()->preeditAreaText().isEmpty();
+    if (document()->isEmpty() && !composing && !placeholderText.isEmpty()) {
         painter.setPen(Theme::shared().color(ColorRole::text3));
         painter.setFont(lineFont);
         if (!isEnabled())

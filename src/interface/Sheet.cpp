@@ -9,9 +9,11 @@
 #include "interface/Spring.h"
 #include "interface/TextField.h"
 #include "interface/Theme.h"
+#include "LastInput.h"
 #include "SheetCard.h"
 #include "SheetGuard.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -43,6 +45,13 @@ QWidget* wantedFocus(const QWidget* content) {
 } // namespace
 
 Sheet* Sheet::present(QWidget* host, std::unique_ptr<QWidget> content, Options options) {
+    // A menu that is open would lie over the sheet, and act on what is inert beneath it.
+    QWidget* popup = QApplication::activePopupWidget();
+    while (popup && popup != host->window()) {
+        popup->close();
+        QWidget* next = QApplication::activePopupWidget();
+        popup = next == popup ? nullptr : next;
+    }
     return new Sheet(host, std::move(content), std::move(options));
 }
 
@@ -86,7 +95,10 @@ Sheet::Sheet(QWidget* host, std::unique_ptr<QWidget> content, Options given)
         if (leaving)
             deleteLater();
     });
-    connect(&Theme::shared(), &Theme::changed, this, &Sheet::place);
+    connect(&Theme::shared(), &Theme::changed, this, [this] {
+        place();
+        update();
+    });
 
     SheetGuard::shared().add(this);
     contentWidget->show();
@@ -139,13 +151,18 @@ void Sheet::place() {
     if (placing || !card)
         return;
     placing = true;
+    const bool sameWindow = geometry() == window()->rect();
     setGeometry(window()->rect());
     const QRect covered = area();
-    cardPlace = QRect(QPoint(0, 0), cardSize(covered));
-    cardPlace.moveCenter(covered.center());
+    QRect newPlace(QPoint(0, 0), cardSize(covered));
+    newPlace.moveCenter(covered.center());
+    const bool samePlace = sameWindow && newPlace == cardPlace && !options.area;
+    cardPlace = newPlace;
     card->resize(cardPlace.size());
     card->fit();
-    showProgress(progress);
+    // Each key in a field may ask for a layout; the whole window is dear to paint.
+    if (!samePlace)
+        showProgress(progress);
     placing = false;
 }
 
@@ -192,14 +209,14 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
     event->accept(); // nothing gets past a sheet
     switch (event->key()) {
     case Qt::Key_Escape:
-        if (options.onEscape)
-            options.onEscape();
+        if (const auto call = options.onEscape)
+            call();
         else if (options.escape == Escape::dismisses)
             dismiss();
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (!event->isAutoRepeat() && contentWidget)
+        if (!event->isAutoRepeat() && contentWidget && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier)
             Button::pressDefault(contentWidget);
         break;
     case Qt::Key_Tab:
@@ -263,7 +280,11 @@ bool Sheet::focusNextPrevChild(bool next) {
 
 void Sheet::takeFocus() {
     QWidget* wanted = lastFocused && lastFocused->isVisible() && lastFocused->isEnabled() ? lastFocused.data() : this;
-    wanted->setFocus(wanted == this ? Qt::OtherFocusReason : Qt::ActiveWindowFocusReason);
+    // Who came by key sees which button has the keyboard.
+    const bool showsRing = LastInput::wasKey() && qobject_cast<QAbstractButton*>(wanted);
+    wanted->setFocus(showsRing        ? Qt::ShortcutFocusReason
+                     : wanted == this ? Qt::OtherFocusReason
+                                      : Qt::ActiveWindowFocusReason);
 }
 
 void Sheet::restoreFocus() {

@@ -18,6 +18,7 @@ constexpr qreal radius = 7;
 constexpr int symbolGap = 8;
 /// The toolkit's own margin on both sides of the text.
 constexpr int innerMargin = 2;
+constexpr int smallestPadding = 8; ///< above and below the text together
 constexpr qreal caretWidth = 1.5;
 
 int fieldHeight(TextField::Variant variant) {
@@ -86,8 +87,9 @@ void TextField::refresh() {
 }
 
 QSize TextField::sizeHint() const {
-    const int height = variant == Variant::plain ? textLineHeight(style) : fieldHeight(variant);
-    return {200, height};
+    // A large font of the desktop makes it taller.
+    const int line = textLineHeight(style) + (variant == Variant::plain ? 0 : smallestPadding);
+    return {200, std::max(fieldHeight(variant), line)};
 }
 
 QSize TextField::minimumSizeHint() const {

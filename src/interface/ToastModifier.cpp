@@ -15,6 +15,11 @@ namespace {
 constexpr int bottomPadding = 24;
 constexpr int reducedTime = 120; ///< milliseconds
 
+void announce(ToastView* toast) {
+    QAccessibleEvent alert(toast, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
 } // namespace
 
 ToastModifier::ToastModifier(QWidget* shownOver)
@@ -39,6 +44,9 @@ ToastModifier::ToastModifier(QWidget* shownOver)
 void ToastModifier::showMessage() {
     toast->setMessage(toastManager->message());
     place();
+    // A text in the place of one that still stands.
+    if (toastManager->isShowing() && !toast->isHidden())
+        announce(toast);
 }
 
 void ToastModifier::showState() {
@@ -53,8 +61,7 @@ void ToastModifier::showState() {
     if (showing) {
         toast->show();
         toast->raise();
-        QAccessibleEvent alert(toast, QAccessible::Alert);
-        QAccessible::updateAccessibility(&alert);
+        announce(toast);
     }
     animation.start();
 }

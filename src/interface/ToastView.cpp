@@ -28,6 +28,7 @@ TextBlock layOut(const QString& text, qreal width) {
 } // namespace
 
 ToastView::ToastView(QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("ToastView"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAccessibleTraits(this, {QAccessible::AlertMessage, {}, {}, {}});
     connect(&Theme::shared(), &Theme::changed, this, qOverload<>(&QWidget::update));

@@ -1,6 +1,7 @@
 // How the prompt editor is put together.
 #include "foundation/Text.h"
 #include "interface/Button.h"
+#include "interface/Composition.h"
 #include "interface/TextField.h"
 #include "library/PromptEditorView.h"
 #include "PromptTextEditor.h"
@@ -55,6 +56,7 @@ void PromptEditorView::build() {
 
 QLayout* PromptEditorView::buildTitleRow() {
     titleField = new TextField(QStringLiteral("Title"), TextField::Variant::title, this);
+    titleComposition = new Composition(titleField);
     copyButton = new Button(QStringLiteral("Copy"), Button::Kind::bordered, this);
     copyButton->setSize(Button::Size::field);
     copyButton->setSymbol(QStringLiteral("doc.on.doc"));

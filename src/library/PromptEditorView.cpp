@@ -1,10 +1,10 @@
 #include "library/PromptEditorView.h"
 
+#include "DeletePromptAlert.h"
 #include "foundation/Clock.h"
 #include "foundation/Log.h"
 #include "foundation/Text.h"
-#include "interface/Alert.h"
-#include "interface/Button.h"
+#include "interface/Composition.h"
 #include "interface/TextField.h"
 #include "library/ClipboardStep.h"
 #include "library/LibraryPreferences.h"
@@ -81,7 +81,13 @@ void PromptEditorView::loadPrompt() {
     refreshControls();
 }
 
+void PromptEditorView::commitCompositions() {
+    titleComposition->commit();
+    bodyEditor->commitComposition();
+}
+
 void PromptEditorView::savePrompt() {
+    commitCompositions();
     const QString trimmedTitle = Text::trimmed(titleText).toString();
     const QString body = editorBody();
     const QString trimmedBody = Text::trimmed(body).toString();
@@ -139,6 +145,7 @@ void PromptEditorView::saveContext(const QString& operation, const QString& succ
 }
 
 void PromptEditorView::copyPrompt() {
+    commitCompositions();
     const QString body = editorBody();
     if (extractVariables(body).isEmpty() || !enableVariableSubstitutionPreference().value()) {
         putOnClipboard(body);
@@ -159,12 +166,8 @@ void PromptEditorView::askToDelete() {
     if (showingDeleteAlert)
         return;
     showingDeleteAlert = true;
-    deleteAlert = Alert::show(
+    deleteAlert = showDeletePromptAlert(
         this,
-        {.title = QStringLiteral("Delete Prompt?"),
-         .message = QStringLiteral("This action cannot be undone."),
-         .confirmTitle = QStringLiteral("Delete"),
-         .destructive = true},
         [this] {
             showingDeleteAlert = false;
             deletePrompt();

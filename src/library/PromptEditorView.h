@@ -14,6 +14,7 @@ class QShortcut;
 namespace Quillstacks {
 
 class Button;
+class Composition;
 class PromptTextEditor;
 class TextField;
 
@@ -68,6 +69,8 @@ private:
     [[nodiscard]] QLayout* buildFooter();
     void connectParts();
     void refreshControls();
+    /// Takes what an input method still composes into title and body.
+    void commitCompositions();
     [[nodiscard]] QList<Tag*> attachedTags() const;
     /// False when the old text could not be kept as a version: then nothing is written.
     bool saveExisting(const QString& trimmedTitle, const QString& trimmedBody);
@@ -86,6 +89,7 @@ private:
     bool showingVariableSubstitution = false;
 
     TextField* titleField = nullptr;
+    Composition* titleComposition = nullptr;
     PromptTextEditor* bodyEditor = nullptr;
     Button* copyButton = nullptr;
     Button* deleteButton = nullptr;

@@ -60,8 +60,8 @@ QWidget* PromptEmptyStateView::buildColumn() {
     button->setSize(Button::Size::large);
     button->setSymbol(QStringLiteral("plus"));
     connect(button, &QAbstractButton::clicked, this, [this] {
-        if (onCreate)
-            onCreate();
+        if (const auto create = onCreate)
+            create();
     });
     layout->addStretch();
     layout->addWidget(new Plate(column), 0, Qt::AlignHCenter);

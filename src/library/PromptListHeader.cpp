@@ -2,24 +2,36 @@
 
 #include "interface/Button.h"
 #include "interface/Label.h"
+#include "interface/TextStyle.h"
+#include "interface/Theme.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Quillstacks {
+namespace {
+
+constexpr int usualHeight = 64;
+constexpr int smallestPadding = 16; ///< above and below together
+constexpr int smallestButton = 44;
+
+} // namespace
 
 PromptListHeader::PromptListHeader(QWidget* parent)
-    : QWidget(parent), count(new Label(QString(), TextStyle::caption, ColorRole::text2, this)),
+    : QWidget(parent), title(new Label(QStringLiteral("Prompts"), TextStyle::title3, ColorRole::text, this)),
+      count(new Label(QString(), TextStyle::caption, ColorRole::text2, this)),
       newButton(new Button(QStringLiteral("New Prompt"), Button::Kind::bordered, this)),
       deleteButton(new Button(QStringLiteral("Delete"), Button::Kind::destructive, this)) {
     setObjectName(QStringLiteral("PromptListHeader"));
-    setFixedHeight(64);
-    auto* title = new Label(QStringLiteral("Prompts"), TextStyle::title3, ColorRole::text, this);
     title->setTextStyle(TextStyle::title3, QFont::DemiBold);
     newButton->setSymbol(QStringLiteral("plus"), 14);
     deleteButton->setSymbol(QStringLiteral("trash"), 15);
     deleteButton->setToolTip(QStringLiteral("Delete Selected Prompt"));
     count->hide();
+    for (Button* button : {newButton, deleteButton})
+        button->setMinimumWidth(smallestButton);
 
     auto* texts = new QVBoxLayout;
     texts->setContentsMargins(0, 0, 0, 0);
@@ -34,8 +46,17 @@ PromptListHeader::PromptListHeader(QWidget* parent)
     layout->addLayout(texts, 1);
     layout->addWidget(newButton);
     layout->addWidget(deleteButton);
+    fitFont();
+    connect(&Theme::shared(), &Theme::changed, this, &PromptListHeader::fitFont);
     connect(newButton, &QAbstractButton::clicked, this, &PromptListHeader::newPromptRequested);
     connect(deleteButton, &QAbstractButton::clicked, this, &PromptListHeader::deleteRequested);
+}
+
+void PromptListHeader::fitFont() {
+    const int texts = textLineHeight(TextStyle::title3) + textLineHeight(TextStyle::caption);
+    setFixedHeight(std::max({usualHeight, texts + smallestPadding, newButton->sizeHint().height() + smallestPadding}));
+    // In a narrow window the buttons give way, not the title.
+    title->setMinimumWidth(title->sizeHint().width());
 }
 
 void PromptListHeader::setCount(const QString& text) {

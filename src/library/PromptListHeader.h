@@ -22,6 +22,10 @@ Q_SIGNALS:
     void deleteRequested();
 
 private:
+    /// Sizes that follow the desktop's font.
+    void fitFont();
+
+    Label* title;
     Label* count;
     Button* newButton;
     Button* deleteButton;

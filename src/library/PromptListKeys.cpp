@@ -35,12 +35,15 @@ bool PromptListView::handlePlainKey(const QKeyEvent& event) {
         return false;
     switch (event.key()) {
     case Qt::Key_P:
+        if (event.isAutoRepeat())
+            return false;
         newPrompt();
         return true;
     case Qt::Key_E:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (Prompt* prompt = livingSelection()) {
+        // A Return that is held may have closed the editor just now.
+        if (Prompt* prompt = livingSelection(); prompt && !event.isAutoRepeat()) {
             edit(prompt);
             return true;
         }

@@ -1,7 +1,7 @@
 #include "library/PromptListView.h"
 
+#include "DeletePromptAlert.h"
 #include "foundation/Text.h"
-#include "interface/Alert.h"
 #include "interface/LazyList.h"
 #include "interface/Menu.h"
 #include "interface/Sheet.h"
@@ -119,6 +119,7 @@ bool PromptListView::isSelected(const Prompt& prompt) const {
 void PromptListView::setSearchText(const QString& text) {
     search = text;
     refresh();
+    list->scrollToTop(); // the best are at the top
 }
 
 void PromptListView::setSelectedTagId(const std::optional<Uuid>& id) {
@@ -172,11 +173,15 @@ void PromptListView::select(Prompt* prompt) {
 }
 
 void PromptListView::newPrompt() {
+    if (Sheet::covers(this))
+        return;
     select(nullptr);
     presentEditor();
 }
 
 void PromptListView::edit(Prompt* prompt) {
+    if (prompt->isDeleted() || Sheet::covers(this))
+        return;
     select(prompt);
     presentEditor();
 }
@@ -197,6 +202,10 @@ void PromptListView::editorClosed() {
     modelContext.processPendingChanges();
     refreshes = !refreshes;
     refresh();
+    // Where a button of a row had the keyboard, the row may be gone or another's by now.
+    const QWidget* focus = window()->focusWidget();
+    if (!focus || list->isAncestorOf(focus))
+        list->setFocus(Qt::OtherFocusReason);
 }
 
 void PromptListView::moveSelection(int offset) {
@@ -211,17 +220,12 @@ void PromptListView::moveSelection(int offset) {
 }
 
 void PromptListView::askToDelete(Prompt* prompt) {
-    if (showingDeleteAlert)
+    if (showingDeleteAlert || prompt->isDeleted() || Sheet::covers(this))
         return;
     deletionCandidate = prompt;
     showingDeleteAlert = true;
-    deleteAlert = Alert::show(
-        this,
-        {.title = QStringLiteral("Delete Prompt?"),
-         .message = QStringLiteral("This action cannot be undone."),
-         .confirmTitle = QStringLiteral("Delete"),
-         .destructive = true},
-        [this] { confirmDeletion(); }, [this] { cancelDeletion(); });
+    deleteAlert = showDeletePromptAlert(
+        this, [this] { confirmDeletion(); }, [this] { cancelDeletion(); });
 }
 
 void PromptListView::askToDeleteSelection() {
@@ -250,10 +254,13 @@ void PromptListView::cancelDeletion() {
 }
 
 void PromptListView::copy(Prompt* prompt) {
-    ClipboardStep::copyBody(prompt->body());
+    if (!prompt->isDeleted())
+        ClipboardStep::copyBody(prompt->body());
 }
 
 void PromptListView::togglePin(Prompt* prompt) {
+    if (prompt->isDeleted())
+        return;
     prompt->togglePin();
     saveIgnoringFailure(modelContext);
     ToastManager::shared().show(prompt->isPinned() ? QStringLiteral("Pinned") : QStringLiteral("Unpinned"),

@@ -88,6 +88,12 @@ void paintText(QPainter& painter, const Prompt& prompt, int rowWidth) {
         ChipStyle::row().paintRow(painter, QPointF(textLeft, y + tagsGap), width, tagSpacing, shownTags(prompt));
 }
 
+// Of a copy: the call may fill the row anew, callbacks included.
+void call(std::function<void()> callback) {
+    if (callback)
+        callback();
+}
+
 } // namespace
 
 PromptRow::PromptRow(QWidget* parent)
@@ -96,35 +102,24 @@ PromptRow::PromptRow(QWidget* parent)
       copyButton(new IconButton(QStringLiteral("doc.on.doc"), QString(), IconButton::Size::row, this)), hover(this) {
     setObjectName(QStringLiteral("PromptRow"));
     star->setPlain(true);
-    star->setSymbolSize(15);
+    star->setSymbolSize(13);
     star->setColor(ColorRole::text2);
-    AccessibleTraits traits;
-    traits.role = QAccessible::ListItem;
-    traits.press = [this] {
-        if (onEdit)
-            onEdit();
-    };
-    traits.isSelected = [this] { return selected; };
-    setAccessibleTraits(this, std::move(traits));
     connectButtons();
     setCopied(false);
     showButtons();
 }
 
 void PromptRow::connectButtons() {
-    connect(star, &QAbstractButton::clicked, this, [this] {
-        if (onTogglePin)
-            onTogglePin();
-    });
-    connect(editButton, &QAbstractButton::clicked, this, [this] {
-        if (onEdit)
-            onEdit();
-    });
+    connect(star, &QAbstractButton::clicked, this, [this] { call(onTogglePin); });
+    connect(editButton, &QAbstractButton::clicked, this, [this] { call(onEdit); });
     connect(copyButton, &QAbstractButton::clicked, this, &PromptRow::copyBody);
 }
 
 void PromptRow::setPrompt(Prompt* prompt, bool isSelected) {
     if (prompt != shownPrompt) {
+        // A key is meant for the prompt that its user sees, not for the one that comes into its place.
+        if (shownPrompt && isAncestorOf(window()->focusWidget()))
+            parentWidget()->setFocus(Qt::OtherFocusReason);
         shownPrompt = prompt;
         setCopied(false);
         hover.jump(hovered ? 1 : 0);
@@ -134,8 +129,11 @@ void PromptRow::setPrompt(Prompt* prompt, bool isSelected) {
     star->setSymbol(prompt->isPinned() ? QStringLiteral("star.fill") : QStringLiteral("star"));
     star->setHelp(prompt->isPinned() ? QStringLiteral("Unpin prompt") : QStringLiteral("Pin prompt to top"));
     star->setRestOpacity(prompt->isPinned() ? 1 : 0.5);
-    setAccessibleName(titleOf(*prompt));
-    setAccessibleDescription(shownTagNames(*prompt).join(QStringLiteral(", ")));
+    // Each is told to assistive tools, even when it is what it was.
+    if (const QString name = titleOf(*prompt); name != accessibleName())
+        setAccessibleName(name);
+    if (const QString tags = shownTagNames(*prompt).join(QStringLiteral(", ")); tags != accessibleDescription())
+        setAccessibleDescription(tags);
     // Of all rows, only the selected one's buttons are stops of the Tab key; a click leaves the keyboard to the list.
     for (QWidget* button : {star, editButton, copyButton})
         button->setFocusPolicy(selected ? Qt::TabFocus : Qt::NoFocus);
@@ -169,8 +167,7 @@ int PromptRow::heightOf(const Prompt& prompt, int width) {
 }
 
 void PromptRow::copyBody() {
-    if (onCopy)
-        onCopy();
+    call(onCopy);
     setCopied(true);
     // A second copy within the time starts no new one: the first end of it counts.
     MainQueue::after(copiedSeconds, this, [this, copiedPrompt = shownPrompt] {

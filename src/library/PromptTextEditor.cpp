@@ -1,5 +1,6 @@
 #include "PromptTextEditor.h"
 
+#include "interface/Composition.h"
 #include "interface/Drawing.h"
 #include "interface/Label.h"
 #include "interface/PlainTextEdit.h"
@@ -8,7 +9,9 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 namespace Quillstacks {
@@ -17,15 +20,19 @@ namespace {
 constexpr int padding = 12;
 constexpr int textInset = 8;
 constexpr int radius = 12;
-constexpr int lineHeight = 24;
 constexpr QPoint placeholderPosition(24, 20);
+
+/// 24 at the base size, and in the same measure at others.
+int lineHeight() {
+    return qRound(textLineHeight(TextStyle::monoBody) * 24 / 20.0);
+}
 
 } // namespace
 
 PromptTextEditor::PromptTextEditor(QWidget* parent)
     : QWidget(parent), field(new PlainTextEdit(this)),
       placeholder(new Label(QStringLiteral("Write your prompt…"), TextStyle::monoBody, ColorRole::text2, this)),
-      hover(this) {
+      composition(new Composition(field)), hover(this) {
     setObjectName(QStringLiteral("PromptTextEditor"));
     setFocusProxy(field);
     field->setAccessibleName(QStringLiteral("Prompt text"));
@@ -49,17 +56,23 @@ QString PromptTextEditor::text() const {
     return field->text();
 }
 
+void PromptTextEditor::commitComposition() {
+    composition->commit();
+}
+
 void PromptTextEditor::setText(const QString& text) {
     field->setText(text);
     showPlaceholder();
 }
 
 void PromptTextEditor::showPlaceholder() {
-    placeholder->setVisible(field->document()->isEmpty());
+    const QTextLayout* layout = field->document()->firstBlock().layout();
+    placeholder->setVisible(field->document()->isEmpty() && layout->preeditAreaText().isEmpty());
 }
 
 void PromptTextEditor::applyFont() {
-    field->setLineFormat(textFont(TextStyle::monoBody), lineHeight);
+    field->setLineFormat(textFont(TextStyle::monoBody), lineHeight());
+    placePlaceholder();
 }
 
 void PromptTextEditor::enterEvent(QEnterEvent*) {
@@ -71,7 +84,11 @@ void PromptTextEditor::leaveEvent(QEvent*) {
 }
 
 void PromptTextEditor::resizeEvent(QResizeEvent*) {
-    placeholder->setGeometry(QRect(placeholderPosition, QSize(width() - 2 * placeholderPosition.x(), lineHeight)));
+    placePlaceholder();
+}
+
+void PromptTextEditor::placePlaceholder() {
+    placeholder->setGeometry(QRect(placeholderPosition, QSize(width() - 2 * placeholderPosition.x(), lineHeight())));
 }
 
 bool PromptTextEditor::eventFilter(QObject* watched, QEvent* event) {

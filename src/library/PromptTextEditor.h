@@ -6,6 +6,7 @@
 
 namespace Quillstacks {
 
+class Composition;
 class Label;
 class PlainTextEdit;
 
@@ -18,6 +19,8 @@ public:
 
     [[nodiscard]] QString text() const;
     void setText(const QString& text);
+    /// Takes what an input method still composes into the text.
+    void commitComposition();
     [[nodiscard]] bool isHovered() const { return hover.target() > 0; }
 
 Q_SIGNALS:
@@ -33,9 +36,11 @@ protected:
 private:
     void showPlaceholder();
     void applyFont();
+    void placePlaceholder();
 
     PlainTextEdit* field;
     Label* placeholder;
+    Composition* composition;
     Transition hover;
 };
 

@@ -10,14 +10,22 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Quillstacks {
 namespace {
 
-constexpr int rowHeight = 34;
+constexpr int usualHeight = 34;
+constexpr int smallestPadding = 12; ///< above and below the text together
 constexpr int radius = 8;
-constexpr QRect leadBox(8, 0, 18, rowHeight);
+constexpr int leadLeft = 8;
+constexpr int leadWidth = 18;
 constexpr qreal symbolSize = 17;
 constexpr int textLeft = 36;
+
+int rowHeight() {
+    return std::max(usualHeight, textLineHeight(TextStyle::callout) + smallestPadding);
+}
 
 } // namespace
 
@@ -29,7 +37,8 @@ SidebarRow::SidebarRow(const QString& symbolName, const QString& title, QWidget*
     setCheckable(true);
     // A click leaves the keyboard to the list, whose keys go on working.
     setFocusPolicy(Qt::TabFocus);
-    setFixedHeight(rowHeight);
+    setFixedHeight(rowHeight());
+    connect(&Theme::shared(), &Theme::changed, this, [this] { setFixedHeight(rowHeight()); });
     FocusRing::attach(this, radius);
     AccessibleTraits traits;
     traits.role = QAccessible::ListItem;
@@ -40,7 +49,7 @@ SidebarRow::SidebarRow(const QString& symbolName, const QString& title, QWidget*
 }
 
 QSize SidebarRow::sizeHint() const {
-    return {textLeft + QFontMetrics(textFont(TextStyle::callout)).horizontalAdvance(text()) + 8, rowHeight};
+    return {textLeft + QFontMetrics(textFont(TextStyle::callout)).horizontalAdvance(text()) + 8, rowHeight()};
 }
 
 void SidebarRow::enterEvent(QEnterEvent*) {
@@ -52,7 +61,7 @@ void SidebarRow::leaveEvent(QEvent*) {
 }
 
 void SidebarRow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat())
         click();
     else
         QAbstractButton::keyPressEvent(event);
@@ -66,7 +75,7 @@ void SidebarRow::paintEvent(QPaintEvent*) {
                 isChecked() ? theme.color(ColorRole::selectSide)
                             : withOpacity(hovered, hovered.alphaF() * hover.value()));
     QRectF box(0, 0, symbolSize, symbolSize);
-    box.moveCenter(QRectF(leadBox).center());
+    box.moveCenter(QRectF(leadLeft, 0, leadWidth, height()).center());
     Symbol::paint(painter, box, symbol, theme.color(isChecked() ? ColorRole::accent : ColorRole::text2));
     painter.setFont(textFont(TextStyle::callout));
     painter.setPen(theme.color(ColorRole::text));

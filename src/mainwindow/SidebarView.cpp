@@ -11,12 +11,15 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Quillstacks {
 namespace {
 
 constexpr int columnWidth = 320;
 constexpr int sidePadding = 12;
 constexpr int titleHeight = 56;
+constexpr int smallestTitlePadding = 20; ///< above and below together
 
 /// The mark of the program.
 class Mark final : public QWidget {
@@ -70,7 +73,11 @@ void SidebarView::build() {
 
 QWidget* SidebarView::buildTitle() {
     auto* title = new QWidget(this);
-    title->setFixedHeight(titleHeight);
+    const auto fitFont = [title] {
+        title->setFixedHeight(std::max(titleHeight, textLineHeight(TextStyle::title3) + smallestTitlePadding));
+    };
+    fitFont();
+    connect(&Theme::shared(), &Theme::changed, title, fitFont);
     auto* name = new Label(QStringLiteral("Quillstacks"), TextStyle::title3, ColorRole::text, title);
     name->setTextStyle(TextStyle::title3, QFont::DemiBold);
     auto* row = new QHBoxLayout(title);

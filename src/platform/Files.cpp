@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace Quillstacks::Files {
 
@@ -114,9 +115,13 @@ bool fileExists(const QString& path) {
 }
 
 void copyItem(const QString& from, const QString& to) {
-    const Descriptor source(::open(QFile::encodeName(from).constData(), O_RDONLY | O_CLOEXEC));
-    if (source.get() < 0)
+    // Without waiting: a pipe of that name would hold the caller until somebody writes into it.
+    const Descriptor source(::open(QFile::encodeName(from).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    struct stat there {};
+    if (source.get() < 0 || ::fstat(source.get(), &there) != 0)
         refuse(from, "read the file");
+    if (!S_ISREG(there.st_mode))
+        throw FileError(from, S_ISDIR(there.st_mode) ? EISDIR : EOPNOTSUPP, QStringLiteral("read the file"));
     const QByteArray target = QFile::encodeName(to);
     QByteArray half = target + ".XXXXXX";
     const Descriptor copy(::mkostemp(half.data(), O_CLOEXEC)); // mode 0600

@@ -43,8 +43,9 @@ void removeEventHandler(HandlerRef handler);
 [[nodiscard]] Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out);
 void unregisterEventHotKey(HotKeyRef hotKey);
 
-/// The time stamp of the last press that was delivered; 0 before the first. Windows that a press opens ask for the
-/// focus with it.
-[[nodiscard]] quint32 lastEventTime();
+/// The time stamp of the press that was delivered last, once: 0 after it was taken, and when there was none. A window
+/// that a press opens asks for the focus with it; one that is opened otherwise must not come with the time of a press
+/// long ago.
+[[nodiscard]] quint32 takeEventTime();
 
 } // namespace Quillstacks::HotKeys

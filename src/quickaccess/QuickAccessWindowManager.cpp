@@ -15,6 +15,8 @@
 #include <QPropertyAnimation>
 #include <QScreen>
 
+#include <tuple>
+
 namespace Quillstacks {
 
 namespace {
@@ -62,10 +64,12 @@ bool QuickAccessWindowManager::isVisible() const {
 }
 
 void QuickAccessWindowManager::toggle() {
-    if (isVisible())
+    if (isVisible()) {
+        std::ignore = HotKeys::takeEventTime(); // the press that closes it opens nothing
         close();
-    else
+    } else {
         show();
+    }
 }
 
 void QuickAccessWindowManager::close() {
@@ -85,6 +89,7 @@ void QuickAccessWindowManager::prepare() {
 }
 
 void QuickAccessWindowManager::show() {
+    const quint32 eventTime = HotKeys::takeEventTime();
     if (!container)
         return;
     if (!panel)
@@ -96,7 +101,7 @@ void QuickAccessWindowManager::show() {
     panel->setWindowOpacity(Windows::isComposited() ? 0.0 : 1.0);
     panel->rootView()->appear();
     blurBehind();
-    Windows::showAndActivate(panel, HotKeys::lastEventTime());
+    Windows::showAndActivate(panel, eventTime);
     // In a block of its own, so that the panel is on screen before it begins.
     MainQueue::async(panel, [this] { fadeIn(); });
 }

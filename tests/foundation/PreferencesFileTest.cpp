@@ -61,11 +61,44 @@ TEST_F(PreferencesFile, isReadableByItsOwnerAlone) {
     EXPECT_EQ(modeOf(folder.filePath(QStringLiteral("config"))), 0700U);
 }
 
-TEST_F(PreferencesFile, aFileThatOthersCouldReadIsClosedToThemByTheNextWrite) {
-    write("{}");
-    ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0644), 0);
-    Preferences(file).set(key, true);
-    EXPECT_EQ(modeOf(file), 0600U);
+TEST_F(PreferencesFile, aFileThatOthersCouldReadIsClosedToThemAtOpening) {
+    for (const char* contents : {"{}", "broken"}) {
+        write(contents);
+        const QString parent = QFileInfo(file).absolutePath();
+        ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0644), 0);
+        ASSERT_EQ(chmod(QFile::encodeName(parent).constData(), 0755), 0);
+        const Preferences preferences(file);
+        for (const QString& name : names())
+            EXPECT_EQ(modeOf(parent + QLatin1Char('/') + name), 0600U) << qPrintable(name);
+        EXPECT_EQ(names().size(), 1);
+        EXPECT_EQ(modeOf(parent), 0700U);
+        EXPECT_NE(modeOf(folder.filePath(QStringLiteral("config"))), 0U) << "the folders above are not the program's";
+    }
+}
+
+TEST_F(PreferencesFile, aFileThatCannotBeReadStaysWhatItIs) {
+    // It opens, and its first bytes, of no mapped page, refuse to be read, as those of a failing disk.
+    QDir().mkpath(QFileInfo(file).absolutePath());
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc/self/mem"), file));
+    {
+        Preferences preferences(file);
+        EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 1);
+        preferences.set(key, true);
+        EXPECT_EQ(preferences.boolean(key), true) << "the value holds in memory";
+        EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 2);
+    }
+    EXPECT_EQ(names(), QStringList(QStringLiteral("preferences.json"))) << "neither renamed nor replaced";
+    EXPECT_TRUE(QFileInfo(file).isSymLink());
+}
+
+TEST_F(PreferencesFile, aFileWithoutTheRightToReadItStaysWhatItIs) {
+    write(R"({"key": "precious"})");
+    ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0), 0);
+    if (access(QFile::encodeName(file).constData(), R_OK) == 0)
+        GTEST_SKIP() << "the superuser may read everything";
+    Preferences(file).set(QStringLiteral("other"), true);
+    ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0600), 0);
+    EXPECT_EQ(Preferences(file).text(key), QStringLiteral("precious"));
 }
 
 TEST_F(PreferencesFile, leavesNoTemporaryFileBehind) {

@@ -50,7 +50,7 @@ struct FakeDesktop final {
     HotKeys::Status registerStatus = HotKeys::noErr;
     std::map<HotKeys::HotKeyRef, HotKey> hotKeys; ///< those that are registered now
     std::map<HotKeys::HandlerRef, HotKeys::Handler> handlers;
-    quint32 eventTime = 0; ///< what lastEventTime() gives
+    quint32 eventTime = 0; ///< what takeEventTime() gives next
     /// A press of the registered hot key (of any: the handlers alone decide), as the window system delivers it.
     /// Returns what the handler gave, or eventNotHandledErr when none is installed.
     HotKeys::Status press(HotKeys::Status parameterStatus = HotKeys::noErr, quint32 time = 1000);

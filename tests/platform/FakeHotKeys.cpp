@@ -2,6 +2,8 @@
 
 #include "platform/FakeDesktop.h"
 
+#include <utility>
+
 namespace Quillstacks {
 
 HotKeys::Status FakeDesktop::press(HotKeys::Status parameterStatus, quint32 time) {
@@ -46,8 +48,8 @@ void unregisterEventHotKey(HotKeyRef hotKey) {
     FakeDesktop::shared().hotKeys.erase(hotKey);
 }
 
-quint32 lastEventTime() {
-    return FakeDesktop::shared().eventTime;
+quint32 takeEventTime() {
+    return std::exchange(FakeDesktop::shared().eventTime, 0);
 }
 
 } // namespace HotKeys

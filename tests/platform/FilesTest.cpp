@@ -132,11 +132,22 @@ TEST_F(FilesTest, copyItemOfNothingNamesWhatIsMissing) {
     EXPECT_FALSE(Files::fileExists(path("to")));
 }
 
-TEST_F(FilesTest, copyItemThatFailsMidwayLeavesNothing) {
-    // A folder opens like a file and then refuses to be read.
+TEST_F(FilesTest, copyItemOfAFolderFailsAndLeavesNothing) {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("from")));
     EXPECT_THROW(Files::copyItem(path("from"), path("to")), FileError);
     EXPECT_TRUE(QDir(folder.path()).entryList(QDir::Files).isEmpty());
+}
+
+TEST_F(FilesTest, copyItemThatFailsMidwayLeavesNothing) {
+    // A regular file that opens, and whose first bytes, of no mapped page, refuse to be read.
+    EXPECT_THROW(Files::copyItem(QStringLiteral("/proc/self/mem"), path("to")), FileError);
+    EXPECT_TRUE(QDir(folder.path()).entryList(QDir::Files).isEmpty());
+}
+
+TEST_F(FilesTest, copyItemOfAPipeNeitherWaitsNorCopies) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("from")).constData(), 0600), 0);
+    EXPECT_THROW(Files::copyItem(path("from"), path("to")), FileError);
+    EXPECT_FALSE(Files::fileExists(path("to")));
 }
 
 TEST_F(FilesTest, copyItemIntoAFolderThatIsNotThereFails) {

@@ -152,6 +152,17 @@ TEST_F(QuickAccessWindow, itIsShownAndActivatedWithTheTimeOfThePress) {
     EXPECT_EQ(desktop().lastActivated, panel());
 }
 
+TEST_F(QuickAccessWindow, aPanelThatNoPressOpensComesWithoutTheTimeOfAnEarlierOne) {
+    desktop().eventTime = 4711;
+    toggle();
+    desktop().eventTime = 4712;
+    toggle(); // this press closed it
+    desktop().calls.clear();
+    toggle();
+    EXPECT_EQ(desktop().callsOf(QStringLiteral("showAndActivate")),
+              QStringList{QStringLiteral("showAndActivate quick-access 0")});
+}
+
 TEST_F(QuickAccessWindow, itFadesInOver120MillisecondsOnceItIsOnScreen) {
     manager.toggle();
     EXPECT_TRUE(manager.isVisible());

@@ -2,8 +2,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
 
 #define SD_JOURNAL_SUPPRESS_LOCATION // ours are written by one helper, whose own place in the code tells nothing
 #include <sys/uio.h>
@@ -52,7 +52,7 @@ void send(const LogRecord& record) {
     std::array<iovec, 5> parts{};
     std::ranges::transform(fields, parts.begin(), part);
     if (sd_journal_sendv(parts.data(), static_cast<int>(parts.size())) < 0)
-        std::fprintf(stderr, "Quillstacks[%s] %s\n", qUtf8Printable(record.category), qUtf8Printable(record.message));
+        Log::writeToStandardError(record);
 }
 
 } // namespace

@@ -13,7 +13,9 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace Quillstacks::Windows {
 

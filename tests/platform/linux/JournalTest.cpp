@@ -7,6 +7,7 @@
 #include <QMap>
 
 #include <cstring>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -36,6 +37,8 @@ public:
     }
     Q_DISABLE_COPY_MOVE(FakeJournal)
 
+    /// The name stays, and nobody listens there any more.
+    void stop() { ::close(std::exchange(number, -1)); }
     /// The fields of the next record, by name; empty when none has come.
     QMap<QByteArray, QByteArray> next() {
         QByteArray bytes(65536, '\0');
@@ -109,6 +112,16 @@ TEST(Journal, anyTextArrivesWhole) {
         sink(record(LogLevel::Error, text));
         EXPECT_EQ(journal.next().value("MESSAGE"), QByteArray(text));
     }
+}
+
+TEST(Journal, aLineThatItDoesNotTakeGoesToStandardErrorWithItsLevel) {
+    FakeJournal journal;
+    const auto sink = Journal::sink();
+    ASSERT_TRUE(sink);
+    journal.stop();
+    testing::internal::CaptureStderr();
+    sink(record(LogLevel::Error, "100 %s"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Quillstacks[hotkey] error: 100 %s\n");
 }
 
 TEST(Journal, withoutOneTheSinkIsStandardErrors) {

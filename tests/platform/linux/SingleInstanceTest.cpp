@@ -5,6 +5,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QProcess>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -13,10 +14,13 @@ namespace Quillstacks {
 
 namespace {
 
+QString programPath() {
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/second_start");
+}
+
 /// Another start of the program, in an environment with these additions.
 QString startAgain(const QStringList& environment = {}) {
-    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/second_start");
-    return run(QStringLiteral("env"), environment + QStringList{program});
+    return run(QStringLiteral("env"), environment + QStringList{programPath()});
 }
 
 /// A call of the desktop's: a click on the icon, or on one of its actions.
@@ -66,6 +70,16 @@ TEST_F(SingleInstanceTest, theNameIsFreeWhenTheFirstHasGone) {
         ASSERT_EQ(first.start(), SingleInstance::Outcome::first);
     }
     EXPECT_EQ(startAgain(), QStringLiteral("first, bus"));
+}
+
+TEST_F(SingleInstanceTest, aStartWhileTheFirstIsEndingBecomesTheFirst) {
+    QProcess ending;
+    ending.start(programPath(), {QStringLiteral("ends when asked")});
+    ASSERT_TRUE(ending.waitForReadyRead(10000));
+    ASSERT_EQ(ending.readAll(), "first, bus");
+    EXPECT_EQ(instance.start(), SingleInstance::Outcome::first);
+    EXPECT_TRUE(ending.waitForFinished(10000));
+    EXPECT_EQ(startAgain(), QStringLiteral("handed over, bus")) << "the name is this process's now";
 }
 
 TEST_F(SingleInstanceTest, desktopActionsArriveByName) {

@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include <map>
+#include <utility>
 
 namespace Quillstacks::HotKeys {
 
@@ -90,8 +91,8 @@ void unregisterEventHotKey(HotKeyRef hotKey) {
         x11BackEnd()->release(hotKey);
 }
 
-quint32 lastEventTime() {
-    return registry().lastTime;
+quint32 takeEventTime() {
+    return std::exchange(registry().lastTime, 0);
 }
 
 } // namespace Quillstacks::HotKeys

@@ -19,11 +19,8 @@ class TrayHostWatch final : public QObject {
 public:
     explicit TrayHostWatch(QObject* parent = nullptr);
 
-    /// False until the first look has ended, which takes a turn of the main loop at least.
-    [[nodiscard]] bool isThere() const { return there; }
-
 Q_SIGNALS:
-    /// After the first look, and after every change.
+    /// After the first look, a turn of the main loop later at the least, and after every change.
     void looked(bool there);
 
 private Q_SLOTS:

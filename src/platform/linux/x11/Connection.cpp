@@ -27,11 +27,6 @@ xcb_window_t root() {
     return server ? xcb_setup_roots_iterator(xcb_get_setup(server)).data->root : xcb_window_t{XCB_WINDOW_NONE};
 }
 
-int screenNumber() {
-    // A display of several X screens (":0.1") has not been made for twenty years, and the toolkit shows only the first.
-    return 0;
-}
-
 xcb_atom_t atom(const char* name) {
     auto* server = connection();
     if (!server)

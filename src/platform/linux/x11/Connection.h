@@ -10,8 +10,6 @@ namespace Quillstacks::X11 {
 
 [[nodiscard]] xcb_connection_t* connection();
 [[nodiscard]] xcb_window_t root();
-/// The number of the screen in the names of manager selections ("_NET_SYSTEM_TRAY_S0").
-[[nodiscard]] int screenNumber();
 /// XCB_ATOM_NONE when there is no connection.
 [[nodiscard]] xcb_atom_t atom(const char* name);
 /// The present owner of a selection; XCB_WINDOW_NONE when nobody owns it.
