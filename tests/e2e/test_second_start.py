@@ -4,10 +4,14 @@ import unittest
 from driver import person
 from driver.desktop_case import DesktopCase
 from driver.program import Home
-from driver.waiting import until
+from driver.waiting import stays, until
 
 
 class SecondStart(DesktopCase):
+    def assert_in_taskbar(self, window):
+        until(lambda: window.is_visible and "SKIP_TASKBAR" not in window.states, "the window's entry in the taskbar")
+        stays(lambda: "SKIP_TASKBAR" not in window.states, "the window's entry in the taskbar")
+
     def test_brings_the_first_ones_window_forward_and_ends(self):
         first = self.started()
         other = self.other_program(place="1400x850+10+10")
@@ -16,6 +20,7 @@ class SecondStart(DesktopCase):
         self.assertEqual(second.wait_end(), 0)
         window = first.main_window()
         until(lambda: window.is_active, "the first one's window to come forward")
+        self.assert_in_taskbar(window)
         self.assertTrue(first.is_running)
 
     def test_brings_back_a_window_that_was_closed(self):
@@ -25,15 +30,18 @@ class SecondStart(DesktopCase):
         self.assertEqual(second.wait_end(), 0)
         window = first.main_window()
         until(lambda: window.is_active, "the window to be back and active")
+        self.assert_in_taskbar(window)
         first.ui.find("No prompts yet")
 
     def test_five_starts_at_once_leave_one_process(self):
         starts = [self.start() for _ in range(5)]
         until(lambda: sum(program.is_running for program in starts) == 1, "one process to stay")
         running = [program for program in starts if program.is_running]
-        running[0].main_window()
+        window = running[0].main_window()
         statuses = [program.wait_end() for program in starts if program not in running]
         self.assertEqual(statuses, [0, 0, 0, 0])
+        # The others asked it to come forward while it was still starting, out of sight.
+        self.assert_in_taskbar(window)
         self.assertTrue(running[0].is_running)
 
     def test_without_a_session_bus_says_who_holds_the_library_and_ends_with_1(self):

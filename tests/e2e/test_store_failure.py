@@ -1,11 +1,12 @@
 """A store that can't be opened: the reason and the path on screen, the file as it was, everything else alive."""
 import os
 import sqlite3
+import subprocess
 import unittest
 
 from driver import keyboard, person
 from driver.desktop_case import DesktopCase
-from driver.waiting import stays
+from driver.waiting import stays, until
 
 
 def without_rights_of_root():
@@ -124,6 +125,16 @@ class StoreFailure(DesktopCase):
         program = self.started()
         self.assert_failure_screen(program)
         self.assertEqual(self.home.store.parent.read_text(), "a file")
+
+    def test_the_window_can_not_be_made_smaller_than_it_needs(self):
+        self.put_store(b"no store" * 100)
+        program = self.started()
+        self.assert_failure_screen(program)
+        window = program.main_window()
+        for asked, least in ((("900", "600"), (1280, 720)), (("1300", "600"), (1300, 720)), (("900", "750"), (1280, 750))):
+            subprocess.run(["xdotool", "windowsize", str(window.number), *asked], check=True)
+            until(lambda: (window.area.width, window.area.height) == least, f"{least} instead of {asked}")
+            stays(lambda: (window.area.width, window.area.height) == least, f"{least} instead of {asked}")
 
     def test_its_quit_answers_escape(self):
         self.put_store(b"no store" * 100)

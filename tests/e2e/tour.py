@@ -47,7 +47,7 @@ class Tour:
         self._begin("an empty library")
         self._program = Program(os.environ["QUILLSTACKS_PROGRAM"], self._home)
         window = self._program.main_window()
-        until(lambda: window.is_active, "the main window to be active")
+        until(lambda: window.has_keyboard, "the main window to have the keyboard")
         self._program.ui.find("No prompts yet")
         self._done()
 

@@ -10,7 +10,7 @@ from . import keyboard, windows
 from .other_program import OtherProgram
 from .program import Home, Program
 from .status_area import StatusArea
-from .waiting import pump
+from .waiting import pump, until
 
 
 class DesktopCase(unittest.TestCase):
@@ -32,9 +32,11 @@ class DesktopCase(unittest.TestCase):
         return program
 
     def started(self, **how):
-        """The program with its main window there and active."""
+        """The program once its main window is there and active, and it has come to rest: it answers."""
         program = self.start(**how)
-        program.main_window()
+        window = program.main_window()
+        until(lambda: window.has_keyboard, "the main window to have the keyboard")
+        program.ui.find(role="label")
         return program
 
     def other_program(self, **how):

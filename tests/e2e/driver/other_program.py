@@ -1,4 +1,5 @@
 """Somebody else's program: a window that notes which keys reach it."""
+import itertools
 import re
 import subprocess
 import tempfile
@@ -7,14 +8,29 @@ from . import keyboard, windows
 from .waiting import until
 from .xlib import Connection
 
+BY_A_PAGER = 2  # who asks: a taskbar or the like, so in the person's name
+
 
 class OtherProgram:
+    _count = itertools.count(1)
+
     def __init__(self, name="Other", place="300x200+20+40"):
-        self.name = name
+        # A name of its own: the window of one that has just ended may still be listed.
+        self.name = name = f"{name} {next(self._count)}"
         self._notes = tempfile.TemporaryFile("w+b")
         self._process = subprocess.Popen(["xev", "-name", name, "-geometry", place, "-event", "keyboard"],
                                          stdout=self._notes, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL)
-        self.window = until(lambda: windows.find(name), f"the other program's window “{name}”")
+        try:
+            self.window = until(lambda: windows.find(name), f"the other program's window “{name}”")
+            self.come_forward()
+        except BaseException:
+            self.end()
+            raise
+
+    def come_forward(self):
+        """As by a click in the taskbar."""
+        self._ask("_NET_ACTIVE_WINDOW", BY_A_PAGER)
+        until(lambda: self.window.is_active, f"“{self.name}” to come to the front")
 
     def click_into(self):
         """A real click, after which it has the keyboard."""
@@ -32,8 +48,11 @@ class OtherProgram:
         self._notes.close()
 
     def fill_screen(self):
-        connection = Connection()
-        add, by_a_pager = 1, 2
-        connection.ask_window_manager(self.window.number, "_NET_WM_STATE", add, "_NET_WM_STATE_FULLSCREEN", 0, by_a_pager)
-        connection.close()
+        add = 1
+        self._ask("_NET_WM_STATE", add, "_NET_WM_STATE_FULLSCREEN", 0, BY_A_PAGER)
         until(lambda: "FULLSCREEN" in self.window.states, f"“{self.name}” to fill the screen")
+
+    def _ask(self, request, *data):
+        connection = Connection()
+        connection.ask_window_manager(self.window.number, request, *data)
+        connection.close()

@@ -38,7 +38,7 @@ def save_prompt(program, title):
 
 def make_prompt(program, title, body):
     window = program.main_window()
-    until(lambda: window.is_active, "the main window to be active")
+    until(lambda: window.has_keyboard, "the main window to have the keyboard")
     begin_prompt(program, title, body)
     save_prompt(program, title)
 
@@ -87,6 +87,6 @@ def fill_in(program, values):
 def close_main_window(program):
     """By the window manager's own key."""
     window = program.main_window()
-    until(lambda: window.is_active, "the main window to be active")
+    until(lambda: window.has_keyboard, "the main window to have the keyboard")
     keyboard.press("alt+F4")
     until(lambda: not window.is_visible, "the main window to close")
