@@ -18,6 +18,8 @@ public:
     explicit ToastModifier(QWidget* host);
 
     [[nodiscard]] ToastView* view() const { return toast; }
+    /// How it comes in or goes out.
+    [[nodiscard]] const QVariantAnimation& movement() const { return animation; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -16,8 +16,7 @@ void setUpProcess() {
     QCoreApplication::setApplicationName(QStringLiteral("Quillstacks"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quillstacks"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.Quillstacks"));
-    QApplication::setQuitOnLastWindowClosed(false);
-    // Nor does the end of some transfer or dialog end the program.
+    // The end of some transfer or dialog does not end the program.
     QCoreApplication::setQuitLockEnabled(false);
 }
 

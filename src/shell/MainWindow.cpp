@@ -10,6 +10,7 @@
 #include "library/PromptListView.h"
 #include "mainwindow/ContentView.h"
 #include "platform/Windows.h"
+#include "shell/BusyIndicator.h"
 #include "shell/DataStoreErrorView.h"
 #include "shell/DockVisibilityController.h"
 #include "shell/MainWindowFocusManager.h"
@@ -22,6 +23,8 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace Quillstacks {
 
@@ -98,8 +101,14 @@ QWidget* MainWindow::makeContent(QWidget* parent) const {
         return new ContentView(store.container->mainContext(), parent);
     if (store.error)
         return new DataStoreErrorView(store.error, parent);
-    auto* progress = new Label(QStringLiteral("Initializing..."), TextStyle::body, ColorRole::text2, parent);
-    progress->setTextAlignment(Qt::AlignCenter);
+    const QString initializing = QStringLiteral("Initializing...");
+    auto* progress = new QWidget(parent);
+    auto* column = new QVBoxLayout(progress);
+    column->setSpacing(8);
+    column->addStretch();
+    column->addWidget(new BusyIndicator(initializing, progress), 0, Qt::AlignHCenter);
+    column->addWidget(new Label(initializing, TextStyle::body, ColorRole::text2, progress), 0, Qt::AlignHCenter);
+    column->addStretch();
     return progress;
 }
 
@@ -108,7 +117,11 @@ ContentView* MainWindow::contentView() const {
 }
 
 bool MainWindow::holdsUnsavedTyping() const {
-    return std::ranges::any_of(findChildren<PromptEditorView*>(), &PromptEditorView::holdsUnsavedTyping);
+    return std::ranges::any_of(findChildren<PromptEditorView*>(), [](const PromptEditorView* editor) {
+        // What a sheet holds that is leaving already was saved, or given up.
+        const Sheet* sheet = Sheet::of(editor);
+        return editor->holdsUnsavedTyping() && !(sheet && sheet->isDismissed());
+    });
 }
 
 void MainWindow::showEvent(QShowEvent* event) {

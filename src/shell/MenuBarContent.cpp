@@ -12,10 +12,25 @@
 #include "shell/MainWindowFocusManager.h"
 #include "shell/Termination.h"
 
+#include <QApplication>
 #include <QIcon>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace Quillstacks {
+
+namespace {
+
+/// One that brings the program to the front with it; nullptr when none is open.
+QWidget* anyOpenWindow() {
+    const auto windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(
+        windows, [](const QWidget* window) { return window->isVisible() && window->windowType() == Qt::Window; });
+    return found == windows.end() ? nullptr : *found;
+}
+
+} // namespace
 
 MenuBarContent::MenuBarContent(std::function<void()> opensWindow, QObject* parent)
     : QObject(parent), openWindow(std::move(opensWindow)), items(std::make_unique<QMenu>()) {
@@ -64,10 +79,13 @@ void MenuBarContent::openQuillstacks() {
     openWindow();
     MainWindowFocusManager::shared().requestFocus();
     MainQueue::after(0.1, this, [] {
-        if (QWidget* main = MainWindow::find()) {
-            Windows::showAndActivate(main, 0);
-            Windows::activateIgnoringOtherApps(main);
-        }
+        QWidget* front = MainWindow::find();
+        if (front)
+            Windows::showAndActivate(front, 0);
+        else
+            front = anyOpenWindow();
+        if (front)
+            Windows::activateIgnoringOtherApps(front);
     });
 }
 

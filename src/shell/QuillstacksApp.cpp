@@ -26,6 +26,7 @@
 namespace Quillstacks {
 
 QuillstacksApp::QuillstacksApp() {
+    QGuiApplication::setQuitOnLastWindowClosed(appDelegate.applicationShouldTerminateAfterLastWindowClosed());
     announceVersion();
     Log::logAppStart();
     PreferencesMigrationManager::shared().migrateIfNeeded();

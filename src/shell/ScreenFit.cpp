@@ -22,7 +22,9 @@ void ScreenFit::limit() {
 }
 
 void ScreenFit::shrink() {
-    window->resize(window->size().boundedTo(room()));
+    // The window manager keeps those that fill the screen in step; a size of one's own would end that state.
+    if (!(window->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        window->resize(window->size().boundedTo(room()));
 }
 
 QSize ScreenFit::room() const {
@@ -34,7 +36,7 @@ void ScreenFit::follow(QScreen* screen) {
     disconnect(followed);
     if (!screen)
         return;
-    followed = connect(screen, &QScreen::availableGeometryChanged, this, &ScreenFit::limit);
+    followed = connect(screen, &QScreen::availableGeometryChanged, this, &ScreenFit::fit);
     limit();
 }
 

@@ -16,7 +16,8 @@ class ScreenFit final : public QObject {
 public:
     ScreenFit(QWidget* window, const QSize& smallest);
 
-    /// Before the window shows: sets its smallest size, and makes it as small as the screen.
+    /// Before the window shows: sets its smallest size, and makes it as small as the screen. Done again by itself when
+    /// the screen's room becomes another.
     void fit();
 
 protected:

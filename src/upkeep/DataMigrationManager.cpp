@@ -3,9 +3,14 @@
 #include "foundation/LocalizedError.h"
 #include "foundation/Log.h"
 #include "foundation/Preferences.h"
+#include "platform/FileError.h"
 #include "platform/Files.h"
 
+#include <QFile>
 #include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
 
 namespace Quillstacks {
 
@@ -56,11 +61,25 @@ bool DataMigrationManager::copyFirstOldStore(const QString& supportDirectory, co
 bool DataMigrationManager::copyStore(const QString& old, const QString& target) {
     try {
         Files::createDirectory(QFileInfo(target).path());
+        setOrphansAside(target);
         Files::copyItem(old, target);
         return true;
     } catch (const std::exception& error) {
         Log::general.error(QStringLiteral("Failed to migrate data store: ") + localizedDescription(error));
         return false;
+    }
+}
+
+void DataMigrationManager::setOrphansAside(const QString& target) {
+    for (const QString& suffix : {QStringLiteral("-shm"), QStringLiteral("-wal")}) {
+        const QString orphan = target + suffix;
+        if (!Files::fileExists(orphan))
+            continue;
+        QString name;
+        for (int number = 1; name.isEmpty() || Files::fileExists(name); ++number)
+            name = QStringLiteral("%1.orphan-%2").arg(orphan).arg(number);
+        if (std::rename(QFile::encodeName(orphan).constData(), QFile::encodeName(name).constData()) != 0)
+            throw FileError(orphan, errno, QStringLiteral("set aside the file"));
     }
 }
 

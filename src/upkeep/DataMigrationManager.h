@@ -23,6 +23,8 @@ private:
 
     [[nodiscard]] bool copyFirstOldStore(const QString& supportDirectory, const QString& target) const;
     [[nodiscard]] static bool copyStore(const QString& old, const QString& target);
+    /// Side files of a store that is gone would be taken for those of the copy.
+    static void setOrphansAside(const QString& target);
     static void copySideFiles(const QString& old, const QString& target);
     void markCompleted() const;
 

@@ -14,6 +14,13 @@ TEST(Spring, beginsAtZeroAndEndsAtOne) {
     }
 }
 
+TEST(Spring, theToastHasOneForEachDirection) {
+    EXPECT_EQ(Springs::toastIn.response, 0.4);
+    EXPECT_EQ(Springs::toastIn.damping, 0.8);
+    EXPECT_EQ(Springs::toastOut.response, 0.3);
+    EXPECT_EQ(Springs::toastOut.damping, 0.9);
+}
+
 TEST(Spring, overshootsByTheAmountAndAtTheTimeOfItsDamping) {
     EXPECT_NEAR(Springs::toastIn.value(0.333), 1.015, 0.001);
     EXPECT_NEAR(Springs::banner.value(0.417), 1.015, 0.001);

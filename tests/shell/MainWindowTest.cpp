@@ -5,6 +5,7 @@
 #include "interface/Sheet.h"
 #include "library/PromptEditorView.h"
 #include "mainwindow/ContentView.h"
+#include "shell/BusyIndicator.h"
 #include "shell/DataStoreError.h"
 #include "shell/DataStoreErrorView.h"
 #include "shell/Termination.h"
@@ -16,6 +17,8 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+
+#include <utility>
 
 namespace Quillstacks {
 namespace {
@@ -63,6 +66,12 @@ TEST_F(MainScene, withNeitherItSaysThatItIsInitializing) {
     ASSERT_EQ(labels.size(), 1);
     EXPECT_EQ(labels.first()->text(), QStringLiteral("Initializing..."));
     EXPECT_TRUE(labels.first()->isVisible());
+    const auto indicators = window.findChildren<BusyIndicator*>();
+    ASSERT_EQ(indicators.size(), 1);
+    EXPECT_TRUE(indicators.first()->isTurning());
+    EXPECT_EQ(indicators.first()->accessibleName(), QStringLiteral("Initializing..."));
+    EXPECT_LT(indicators.first()->geometry().bottom(), labels.first()->geometry().top()) << "above its label";
+    EXPECT_NEAR(indicators.first()->geometry().center().x(), window.rect().center().x(), 1);
 }
 
 TEST_F(MainScene, onASmallerScreenTheWindowTakesWhatThereIs) {
@@ -99,6 +108,28 @@ TEST_F(MainScene, appearingTurnsThePolicyToRegularAndAsksForTheFocus) {
     EXPECT_EQ(MainWindowFocusManager::shared().window, &window);
     turn();
     EXPECT_EQ(desktop.callsOf(QStringLiteral("showAndActivate main")).size(), 1);
+}
+
+/// Asks for the focus anew in the middle of the first attempt, so that a second attempt has something to do.
+class AsksAgain final : public QObject {
+public:
+    bool eventFilter(QObject* /*window*/, QEvent* event) override {
+        if (event->type() == QEvent::ZOrderChange && !std::exchange(hasAsked, true))
+            MainWindowFocusManager::shared().pendingFocus = true;
+        return false;
+    }
+    bool hasAsked = false;
+};
+
+TEST_F(MainScene, oddity_appearingAsksForTheFocusTwice) {
+    MainWindow window({container.get(), {}});
+    AsksAgain asksAgain;
+    window.show();
+    window.installEventFilter(&asksAgain);
+    desktop.calls.clear();
+    turn();
+    EXPECT_TRUE(asksAgain.hasAsked);
+    EXPECT_EQ(desktop.callsOf(QStringLiteral("showAndActivate main")).size(), 2);
 }
 
 TEST_F(MainScene, closingTurnsThePolicyToAccessoryAndForgetsTheWindow) {
@@ -189,6 +220,16 @@ TEST_F(MainScene, quittingWithAnEditorThatHoldsNothingNewEndsTheProgram) {
     EXPECT_EQ(runUntilExit([] { quit(); }), 0);
     window.findChild<PromptEditorView*>()->setTitle(QStringLiteral("T"));
     window.findChild<PromptEditorView*>()->setTitle(QString());
+    EXPECT_EQ(runUntilExit([] { quit(); }), 0);
+}
+
+TEST_F(MainScene, quittingWhileAnEditorIsOnItsWayOutEndsTheProgram) {
+    MainWindow window({container.get(), {}});
+    window.openNewPrompt();
+    auto* editor = window.findChild<PromptEditorView*>();
+    editor->setEditorBody(QStringLiteral("given up"));
+    editor->cancel();
+    ASSERT_TRUE(window.findChild<PromptEditorView*>()) << "its sheet still fades";
     EXPECT_EQ(runUntilExit([] { quit(); }), 0);
 }
 

@@ -86,6 +86,29 @@ TEST_F(MenuBar, openingFindsNoOtherWindowThanTheMainOne) {
     choose(2);
     clock.advance(1s);
     EXPECT_TRUE(desktop.callsOf(QStringLiteral("showAndActivate")).isEmpty());
+    EXPECT_TRUE(desktop.callsOf(QStringLiteral("activateIgnoringOtherApps")).isEmpty()) << "it is not open";
+}
+
+TEST_F(MenuBar, openingWithoutAMainWindowStillBringsTheProgramForward) {
+    QWidget other;
+    other.setObjectName(QStringLiteral("welcome"));
+    other.show();
+    choose(2);
+    clock.advance(1s);
+    EXPECT_TRUE(desktop.callsOf(QStringLiteral("showAndActivate")).isEmpty());
+    EXPECT_EQ(desktop.callsOf(QStringLiteral("activateIgnoringOtherApps")),
+              QStringList{QStringLiteral("activateIgnoringOtherApps welcome")});
+}
+
+TEST_F(MenuBar, oddity_openingAsksForTheFocusBeforeAndAfterTheWindowOpens) {
+    bool wasPending = false;
+    content.openWindow = [&wasPending] {
+        wasPending = MainWindowFocusManager::shared().pendingFocus;
+        MainWindowFocusManager::shared().reset();
+    };
+    choose(2);
+    EXPECT_TRUE(wasPending);
+    EXPECT_TRUE(MainWindowFocusManager::shared().pendingFocus);
 }
 
 TEST_F(MenuBar, quitEndsTheProgram) {

@@ -4,6 +4,7 @@
 #include "hotkey/HotkeyManager.h"
 #include "interface/Sheet.h"
 #include "library/model/ModelContext.h"
+#include "library/model/Prompt.h"
 #include "platform/SingleInstance.h"
 #include "platform/StatusItem.h"
 #include "shell/DataStoreErrorView.h"
@@ -12,6 +13,7 @@
 #include "ShellFixture.h"
 
 #include <QDir>
+#include <QGuiApplication>
 #include <QMenu>
 
 namespace Quillstacks {
@@ -60,6 +62,21 @@ TEST_F(Launch, aFirstStartMakesTheFolderAndANewStoreInIt) {
     const QuillstacksApp app;
     EXPECT_TRUE(QFile::exists(storePath()));
     EXPECT_TRUE(app.sharedModelContainer->mainContext().prompts().isEmpty());
+}
+
+TEST_F(Launch, withTheMarkerSetAndTheStoreGoneANewOneIsMadeAndTheOldOneStaysWhereItIs) {
+    const QString old = support.filePath(QStringLiteral("default.store"));
+    {
+        const ModelContainer library(Schema::current(), ModelConfiguration{old, true});
+        library.mainContext().insert(std::make_unique<Prompt>(QStringLiteral("Old"), QStringLiteral("words")));
+        library.mainContext().save();
+    }
+    preferences->set(QStringLiteral("DataStoreMigrationCompleted_v3"), true);
+    const QuillstacksApp app;
+    ASSERT_TRUE(app.sharedModelContainer);
+    EXPECT_TRUE(QFile::exists(storePath()));
+    EXPECT_TRUE(app.sharedModelContainer->mainContext().prompts().isEmpty());
+    EXPECT_EQ(ModelContainer(Schema::current(), ModelConfiguration{old, true}).mainContext().prompts().size(), 1);
 }
 
 TEST_F(Launch, thePreferencesCheckComesBeforeTheStoreIsTouched) {
@@ -194,6 +211,7 @@ TEST_F(Launch, withoutATrayTheLogSaysSoOnce) {
 }
 
 TEST_F(Launch, closingTheMainWindowLeavesTheProgramRunningWithItsMenu) {
+    QGuiApplication::setQuitOnLastWindowClosed(true); // as the toolkit has it
     QuillstacksApp app;
     turn();
     turn();

@@ -27,5 +27,17 @@ TEST(ScreenFit, onASmallerScreenTheWindowTakesWhatThereIs) {
     EXPECT_EQ(window.size(), QSize(available.width(), 250));
 }
 
+TEST(ScreenFit, aScreenWhoseRoomShrinksTakesTheWindowWithIt) {
+    QWidget window;
+    const QSize available = window.screen()->availableSize();
+    ScreenFit fit(&window, QSize(200, 100));
+    fit.fit();
+    window.show();
+    // As after a change of the screen's mode: the window is larger than what there is now.
+    window.resize(available + QSize(100, 50));
+    Q_EMIT window.screen()->availableGeometryChanged(window.screen()->availableGeometry());
+    EXPECT_EQ(window.frameGeometry().size(), available);
+}
+
 } // namespace
 } // namespace Quillstacks

@@ -188,6 +188,20 @@ TEST_F(DataMigration, aSideFileThatCannotBeCopiedIsIgnoredInSilence) {
     EXPECT_TRUE(isMarked());
 }
 
+TEST_F(DataMigration, sideFilesOfATargetThatIsGoneAreSetAsideAndNotTakenForTheCopys) {
+    write(firstOld, "library");
+    write(target + QStringLiteral("-wal"), "foreign log");
+    write(target + QStringLiteral("-wal.orphan-1"), "an earlier one");
+    write(target + QStringLiteral("-shm"), "foreign index");
+    migrate();
+    EXPECT_EQ(read(target), "library");
+    EXPECT_FALSE(QFile::exists(path(target + QStringLiteral("-wal"))));
+    EXPECT_FALSE(QFile::exists(path(target + QStringLiteral("-shm"))));
+    EXPECT_EQ(read(target + QStringLiteral("-wal.orphan-1")), "an earlier one");
+    EXPECT_EQ(read(target + QStringLiteral("-wal.orphan-2")), "foreign log");
+    EXPECT_EQ(read(target + QStringLiteral("-shm.orphan-1")), "foreign index");
+}
+
 TEST_F(DataMigration, theCopiesAreForTheUserAlone) {
     write(firstOld, "library");
     write(firstOld + QStringLiteral("-wal"), "log");

@@ -57,8 +57,12 @@ private:
     static bool before(const T* a, const T* b) { return goesBefore(a, b); }
     void removeFromList(T* record) {
         const auto found = std::lower_bound(list.cbegin(), list.cend(), record, before);
-        Q_ASSERT(found != list.cend() && *found == record);
-        list.erase(found);
+        const bool isThere = found != list.cend() && *found == record;
+        Q_ASSERT(isThere);
+        if (isThere)
+            list.erase(found);
+        else
+            list.removeOne(record); // a key that changed unannounced must not cost another record its place
     }
     void putBack() {
         if (waiting.size() <= fewRecords) {

@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <SQLiteCpp/Database.h>
 #include <stdio.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -43,10 +44,19 @@ void moveIntoPlace(const QString& draft, const QString& path) {
     const QByteArray to = QFile::encodeName(path);
     if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
         return;
-    // Some file systems can't rename without replacing; a hard link doesn't replace either.
-    if (errno != EINVAL || ::link(from.constData(), to.constData()) != 0)
+    if (errno != EINVAL && errno != ENOSYS)
         throw storeError(errno, path);
-    ::unlink(from.constData());
+    // Some file systems can't rename without replacing; a hard link doesn't replace either.
+    if (::link(from.constData(), to.constData()) == 0) {
+        ::unlink(from.constData());
+        return;
+    }
+    // Nor have some of them links. Nobody else writes into this folder, so looking first is enough there.
+    struct stat there {};
+    if (::lstat(to.constData(), &there) == 0)
+        throw storeError(EEXIST, path);
+    if (::rename(from.constData(), to.constData()) != 0)
+        throw storeError(errno, path);
 }
 
 void flushFolder(const QString& path) {

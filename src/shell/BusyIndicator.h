@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QVariantAnimation>
+#include <QWidget>
+
+namespace Quillstacks {
+
+/// An arc that turns while something of unknown length goes on. It stands still where the desktop asks for fewer
+/// movements. Its accessible name says what goes on.
+class BusyIndicator final : public QWidget {
+    Q_OBJECT
+public:
+    explicit BusyIndicator(const QString& accessibleName, QWidget* parent = nullptr);
+
+    [[nodiscard]] bool isTurning() const { return turn.state() == QAbstractAnimation::Running; }
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void follow();
+
+    QVariantAnimation turn; ///< in degrees
+};
+
+} // namespace Quillstacks
