@@ -50,6 +50,7 @@ TextField::TextField(const QString& placeholder, Variant kind, QWidget* parent)
     setFrame(false);
     setMaxLength(std::numeric_limits<int>::max());
     setPlaceholderText(placeholder);
+    setAccessibleName(placeholder);
     if (kind != Variant::plain)
         FocusRing::attach(this, radius, FocusRing::Manner::field);
     connect(this, &QLineEdit::cursorPositionChanged, this, &TextField::restartCaret);
