@@ -8,6 +8,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Quillstacks {
@@ -46,23 +47,40 @@ void ChipStyle::paint(QPainter& painter, const QRectF& box, const QString& name,
                      fits ? name : metrics.elidedText(name, Qt::ElideRight, room));
 }
 
-int ChipStyle::paintRow(QPainter& painter, const QPointF& origin, qreal width, int spacing,
-                        const QList<std::pair<QString, QColor>>& tags, bool strong) const {
-    const QColor ground = Theme::shared().color(ColorRole::fillChip);
-    qreal x = origin.x();
-    int painted = 0;
-    for (const auto& [name, color] : tags) {
-        const qreal room = origin.x() + width - x;
-        const qreal wanted = this->width(name);
-        // The first is always shown, shortened if need be.
-        if (painted > 0 && wanted > room)
+QList<qreal> ChipStyle::widths(const QStringList& names, qreal width, int spacing) const {
+    QList<qreal> wanted;
+    for (const QString& name : names)
+        wanted << this->width(name);
+    QList<qreal> ascending = wanted;
+    std::sort(ascending.begin(), ascending.end());
+    // The narrow ones leave what they don't need of an even share to the wider ones.
+    qreal room = width - spacing * std::max<qreal>(static_cast<qreal>(names.size()) - 1, 0);
+    qreal share = room;
+    for (qsizetype i = 0; i < ascending.size(); ++i) {
+        share = std::floor(room / static_cast<qreal>(ascending.size() - i));
+        if (ascending[i] > share)
             break;
-        paint(painter, {x, origin.y(), std::min(wanted, room), static_cast<qreal>(height())}, name, color, strong,
-              ground);
-        x += wanted + spacing;
-        ++painted;
+        room -= ascending[i];
     }
-    return painted;
+    const qreal narrowest = 2 * paddingX + dot; // the colour shows in any case
+    for (qreal& each : wanted)
+        each = std::min(each, std::max(share, narrowest));
+    return wanted;
+}
+
+void ChipStyle::paintRow(QPainter& painter, const QPointF& origin, qreal width, int spacing,
+                         const QList<std::pair<QString, QColor>>& tags, bool strong) const {
+    const QColor ground = Theme::shared().color(ColorRole::fillChip);
+    QStringList names;
+    for (const auto& [name, color] : tags)
+        names << name;
+    const QList<qreal> places = widths(names, width, spacing);
+    qreal x = origin.x();
+    for (qsizetype i = 0; i < tags.size(); ++i) {
+        paint(painter, {x, origin.y(), places[i], static_cast<qreal>(height())}, tags[i].first, tags[i].second, strong,
+              ground);
+        x += places[i] + spacing;
+    }
 }
 
 Chip::Chip(const QString& name, const QColor& color, QWidget* parent) : QAbstractButton(parent), hover(this) {

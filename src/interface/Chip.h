@@ -4,6 +4,10 @@
 
 #include <QAbstractButton>
 #include <QColor>
+#include <QList>
+#include <QStringList>
+
+#include <utility>
 
 namespace Quillstacks {
 
@@ -22,9 +26,12 @@ struct ChipStyle {
     /// Paints at `box`, eliding a name that is too long. `strong` takes the primary colour for the name.
     void paint(QPainter& painter, const QRectF& box, const QString& name, const QColor& dotColor, bool strong,
                const QColor& ground) const;
-    /// Paints one chip after another from `origin`, `spacing` apart, as many as fit into `width`; returns that number.
-    int paintRow(QPainter& painter, const QPointF& origin, qreal width, int spacing,
-                 const QList<std::pair<QString, QColor>>& tags, bool strong = false) const;
+    /// The widths of chips that together fill at most `width`: each its own, or, where there is too little room, the
+    /// widest ones shortened to the same width. None is left out.
+    [[nodiscard]] QList<qreal> widths(const QStringList& names, qreal width, int spacing) const;
+    /// Paints one chip after another from `origin`, `spacing` apart, with these widths.
+    void paintRow(QPainter& painter, const QPointF& origin, qreal width, int spacing,
+                  const QList<std::pair<QString, QColor>>& tags, bool strong = false) const;
 };
 
 /// A chip as a control that is switched on and off (QAbstractButton::toggled).

@@ -161,7 +161,11 @@ int LazyList::indexOf(const QWidget* widget) const {
 QWidget* LazyList::makeRow(int kind) {
     QWidget* widget = source.make(kind, viewport());
     widget->installEventFilter(this);
-    AccessibleTraits traits{QAccessible::ListItem, {}, {}, {}};
+    AccessibleTraits traits{source.role ? source.role(kind) : QAccessible::ListItem, {}, {}, {}};
+    if (traits.role != QAccessible::ListItem) {
+        setAccessibleTraits(widget, std::move(traits));
+        return widget;
+    }
     traits.press = [this, widget] {
         if (const int index = indexOf(widget); index >= 0)
             Q_EMIT clicked(index, Qt::NoModifier);

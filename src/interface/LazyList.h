@@ -3,6 +3,7 @@
 #include "interface/ColorRole.h"
 
 #include <QAbstractScrollArea>
+#include <QAccessible>
 #include <QMargins>
 #include <QVariantAnimation>
 
@@ -27,6 +28,8 @@ public:
         std::function<int(int index)> kind;                      ///< unset: all are of kind 0
         std::function<void(QWidget* row, bool hovered)> hover;   ///< the pointer came or went; may be unset
         std::function<bool(int index)> isSelected;               ///< for assistive tools; may be unset
+        /// For assistive tools, by kind; unset: all are list items. Rows of another role can't be pressed or selected.
+        std::function<QAccessible::Role(int kind)> role = {};
     };
     LazyList(const QString& accessibleName, QWidget* parent = nullptr);
     ~LazyList() override;

@@ -15,8 +15,7 @@ namespace {
 constexpr qsizetype longestShown = 4000;
 /// How much more than fits is laid out: lines end early where words break.
 constexpr qreal surplus = 1.3;
-/// What is measured at once of a text beyond ASCII.
-constexpr qsizetype longestRun = 64;
+constexpr float unmeasured = -1;
 
 /// The beginning as a row shows it: white space of any kind and length, line ends included, as one space.
 QString flattened(const QString& text, qsizetype length) {
@@ -33,32 +32,58 @@ RowText::RowText(const QFont& font) : textFont(font) {
         ascii[space] = ascii[u' '];
 }
 
-qreal RowText::advance(const QString& text, qsizetype at, qsizetype length) const {
-    // Beyond ASCII a glyph depends on its neighbours, so a run is measured as a whole.
-    return QFontMetricsF(textFont).horizontalAdvance(text.mid(at, length));
+float RowText::measured(char32_t character) const {
+    switch (QChar::category(character)) {
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_Enclosing:
+    case QChar::Other_Format:
+        return 0; // by itself a mark may be given a base that it doesn't have in a text
+    default:
+        break;
+    }
+    const QString alone = QString::fromUcs4(&character, 1);
+    return static_cast<float>(std::max(QFontMetricsF(textFont).horizontalAdvance(alone), 0.0));
 }
 
+float RowText::advance(char16_t unit) const {
+    if (unit < ascii.size())
+        return ascii[unit];
+    auto& page = pages[unit >> 8];
+    if (!page) {
+        page = std::make_unique<Page>();
+        page->fill(unmeasured);
+    }
+    float& kept = (*page)[unit & 0xFF];
+    if (kept < 0)
+        kept = measured(unit);
+    return kept;
+}
+
+float RowText::advance(char32_t character) const {
+    const auto kept = beyond.constFind(character);
+    return kept != beyond.constEnd() ? *kept : *beyond.insert(character, measured(character));
+}
+
+// Character by character, of any script: a library is measured with every key, and shaping is too dear for that. What
+// neighbours do to each other (kerning, joined letters) makes lines a little shorter than the sum, hardly ever longer.
 int RowText::lineCount(const QString& text, qreal width, int maximum) const {
     int lines = 1;
     qreal used = 0;
     bool afterSpace = true; // white space at the beginning is not shown
     const qsizetype size = std::min(text.size(), longestShown);
-    for (qsizetype i = 0; i < size && lines < maximum;) {
-        if (text[i].isSpace()) {
+    for (qsizetype i = 0; i < size && lines < maximum; ++i) {
+        const QChar unit = text[i];
+        if (unit.isSpace()) {
             used += std::exchange(afterSpace, true) ? 0 : ascii[u' '];
-            ++i;
             continue;
         }
         afterSpace = false;
-        qsizetype end = i + 1;
-        if (text[i].unicode() < ascii.size()) {
-            used += ascii[text[i].unicode()];
+        if (unit.isHighSurrogate() && i + 1 < size && text[i + 1].isLowSurrogate()) {
+            used += advance(QChar::surrogateToUcs4(unit, text[i + 1]));
+            ++i;
         } else {
-            while (end < size && end - i < longestRun && text[end].unicode() >= ascii.size() && !text[end].isSpace())
-                ++end;
-            used += advance(text, i, end - i);
+            used += advance(unit.unicode());
         }
-        i = end;
         if (used > width) {
             ++lines;
             used = 0;

@@ -2,10 +2,12 @@
 
 #include <QColor>
 #include <QFont>
+#include <QHash>
 #include <QRectF>
 #include <QString>
 
 #include <array>
+#include <memory>
 
 class QPainter;
 
@@ -27,11 +29,17 @@ public:
     [[nodiscard]] const QFont& font() const { return textFont; }
 
 private:
-    [[nodiscard]] qreal advance(const QString& text, qsizetype at, qsizetype length) const;
+    using Page = std::array<float, 256>;
+    [[nodiscard]] float measured(char32_t character) const;
+    [[nodiscard]] float advance(char16_t unit) const;
+    [[nodiscard]] float advance(char32_t character) const;
     [[nodiscard]] qsizetype shownLength(const QString& text, qreal width, int lines) const;
 
     QFont textFont;
     std::array<float, 128> ascii{};
+    /// By high byte and low byte; filled as characters are met, each of which is measured once.
+    mutable std::array<std::unique_ptr<Page>, 256> pages;
+    mutable QHash<char32_t, float> beyond; ///< what takes two units
 };
 
 } // namespace Quillstacks

@@ -11,6 +11,7 @@
 #include "library/model/Prompt.h"
 #include "library/model/Tag.h"
 
+#include <QAccessible>
 #include <QPainter>
 
 #include <algorithm>
@@ -47,10 +48,8 @@ const RowText& bodyText() {
     return rowText(TextStyle::caption);
 }
 
-/// Every row of a library is asked with every key, so a text that is certainly too long for one line isn't measured.
 int bodyLines(const QString& body, int width) {
-    constexpr int narrowest = 1; // pixels to a character, on the average of a line
-    return body.size() * narrowest > width ? mostBodyLines : bodyText().lineCount(body, width, mostBodyLines);
+    return bodyText().lineCount(body, width, mostBodyLines);
 }
 
 QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
@@ -85,11 +84,17 @@ int QuickAccessRow::heightFor(const Prompt& prompt, int width, const Metrics& me
 
 void QuickAccessRow::setPrompt(const Prompt* prompt, bool isSelected) {
     const bool stateChanged = selected != isSelected;
+    const bool isNews = isSelected && (stateChanged || prompt != shownPrompt);
     shownPrompt = prompt;
     selected = isSelected;
     setAccessibleName(prompt ? titleText(*prompt) : QString());
     if (stateChanged)
         announceState(this);
+    // The keyboard stays in the search field, so assistive tools are told where the arrows have come to.
+    if (isNews && QAccessible::isActive()) {
+        QAccessibleEvent event(this, QAccessible::Selection);
+        QAccessible::updateAccessibility(&event);
+    }
     update();
 }
 

@@ -124,16 +124,41 @@ TEST_F(ChipOf, aClickToggles) {
     EXPECT_TRUE(chip.shortcut().isEmpty());
 }
 
-TEST_F(ChipOf, aRowTakesAsManyAsFitAndAlwaysTheFirst) {
-    QImage image(200, 30, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
+TEST_F(ChipOf, inARowThatFitsEachHasItsOwnWidth) {
     const ChipStyle style = ChipStyle::row();
-    const QList<std::pair<QString, QColor>> tags{{QStringLiteral("Code"), Qt::red},
-                                                 {QStringLiteral("Review"), Qt::blue}};
-    const int both = style.width(QStringLiteral("Code")) + 6 + style.width(QStringLiteral("Review"));
-    EXPECT_EQ(style.paintRow(painter, {}, both, 6, tags), 2);
-    EXPECT_EQ(style.paintRow(painter, {}, both - 1, 6, tags), 1);
-    EXPECT_EQ(style.paintRow(painter, {}, 10, 6, tags), 1);
+    const QStringList names{QStringLiteral("Code"), QStringLiteral("Review")};
+    const QList<qreal> own{qreal(style.width(names[0])), qreal(style.width(names[1]))};
+    EXPECT_EQ(style.widths(names, own[0] + 6 + own[1], 6), own);
+    EXPECT_EQ(style.widths(names, 1000, 6), own);
+}
+
+TEST_F(ChipOf, inARowThatIsTooNarrowTheWidestAreShortenedAndNoneIsLeftOut) {
+    const ChipStyle style = ChipStyle::row();
+    const QStringList names{QStringLiteral("A name of quite some length"), QStringLiteral("C"),
+                            QStringLiteral("Another name of about that length")};
+    const QList<qreal> shared = style.widths(names, 200, 6);
+    ASSERT_EQ(shared.size(), 3);
+    EXPECT_EQ(shared[1], style.width(names[1]));
+    EXPECT_EQ(shared[0], shared[2]);
+    EXPECT_LE(shared[0] + shared[1] + shared[2] + 12, 200);
+    EXPECT_GT(shared[0] + shared[1] + shared[2] + 12, 197);
+    EXPECT_EQ(style.widths({names[0]}, 90, 6), QList<qreal>{90});
+}
+
+TEST_F(ChipOf, aRowThatIsTooNarrowShowsTheDotOfEveryTag) {
+    QImage image(100, 30, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    const QString name = QStringLiteral("A name of quite some length");
+    ChipStyle::row().paintRow(painter, {}, 100, 6, {{name, Qt::red}, {name, Qt::green}, {name, Qt::blue}});
+    painter.end();
+    for (const QColor& dot : {QColor(Qt::red), QColor(Qt::green), QColor(Qt::blue)}) {
+        bool found = false;
+        for (int x = 0; x < image.width() && !found; ++x)
+            for (int y = 0; y < image.height(); ++y)
+                found = found || image.pixelColor(x, y) == dot;
+        EXPECT_TRUE(found) << qPrintable(dot.name());
+    }
 }
 
 class KeyCapOf : public InterfaceTest {};

@@ -46,6 +46,44 @@ TEST(RowText, theCountAgreesWithALayout) {
     }
 }
 
+TEST(RowText, theCountAgreesWithALayoutInAnyScript) {
+    const RowText rows = rowText();
+    for (const char16_t* text :
+         {u"Проверь это изменение как внимательный инженер, строка за строкой.", u"Ελέγξτε αυτή την αλλαγή προσεκτικά.",
+          u"この変更を注意深いエンジニアとして一行ずつ確認してください。", u"请逐行检查此更改。",
+          u"이 변경 사항을 한 줄씩 검토하세요.",
+          u"a\u0301e\u0301i\u0301o\u0301u\u0301 with marks\u200B\u200D\u2060 and nothing", u"𝐁𝐨𝐥𝐝 😀 😀 😀 letters"}) {
+        const QString shown = QString::fromUtf16(text);
+        const qreal natural = TextBlock(shown, {rows.font(), 18, 0, Qt::AlignLeft}, 1e6).naturalWidth();
+        EXPECT_EQ(rows.lineCount(shown, natural * 1.03 + 4), 1) << qPrintable(shown);
+        EXPECT_EQ(rows.lineCount(shown, natural - 4), 2) << qPrintable(shown);
+    }
+}
+
+TEST(RowText, whatHasNoWidthTakesNoSecondLine) {
+    EXPECT_EQ(rowText().lineCount(QString(1000, QLatin1Char(' ')) + QLatin1Char('a'), 400), 1);
+    EXPECT_EQ(rowText().lineCount(QString(1000, QChar(0x200B)) + QLatin1Char('a'), 400), 1);
+    EXPECT_EQ(rowText().lineCount(QString(1000, QChar(0x0301)), 400), 1);
+}
+
+TEST(RowText, halfASurrogatePairIsMeasuredToo) {
+    EXPECT_EQ(rowText().lineCount(QString(QChar(0xD83D)), 400), 1);
+    EXPECT_EQ(rowText().lineCount(QStringLiteral("a") + QChar(0xDE00) + QStringLiteral("b"), 400), 1);
+}
+
+TEST(RowText, measuringIsQuickInAnyScript) {
+    const RowText rows = rowText();
+    const QString cyrillic = QStringLiteral("Проверьизменение").repeated(20);
+    QElapsedTimer timer;
+    timer.start();
+    int lines = 0;
+    for (int i = 0; i < 2000; ++i)
+        lines += rows.lineCount(cyrillic, 600);
+    EXPECT_EQ(lines, 4000);
+    // Shaping each takes many times as long; this leaves room for the slowest machine.
+    EXPECT_LT(timer.elapsed(), 100);
+}
+
 TEST(RowText, onlyTheBeginningOfAHugeTextIsLookedAt) {
     QString huge = QStringLiteral("word ").repeated(2'000'000);
     QImage image(400, 40, QImage::Format_ARGB32_Premultiplied);
