@@ -217,8 +217,9 @@ TEST_F(Launch, closingTheMainWindowLeavesTheProgramRunningWithItsMenu) {
     turn();
     EXPECT_EQ(runUntilExit([&app] {
                   app.mainWindow().close();
-                  // Something that would not come about if the last window ended the program.
-                  MainQueue::async(&app, [] { MainQueue::async(nullptr, [] { QCoreApplication::exit(7); }); });
+                  // Two turns of the loop later, which do not come about if the last window ended the program.
+                  QTimer::singleShot(0, &app,
+                                     [&app] { QTimer::singleShot(0, &app, [] { QCoreApplication::exit(7); }); });
               }),
               7);
     EXPECT_EQ(DockVisibilityController::shared().currentPolicy(), ActivationPolicy::accessory);
