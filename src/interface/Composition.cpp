@@ -28,7 +28,7 @@ bool Composition::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::InputMethod)
         composed = static_cast<QInputMethodEvent*>(event)->preeditString();
     else if (event->type() == QEvent::FocusOut)
-        composed.clear(); // the toolkit has committed or dropped it
+        commit(); // what the toolkit could not commit it drops now
     return false;
 }
 

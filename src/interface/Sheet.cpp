@@ -267,7 +267,8 @@ bool Sheet::focusNextPrevChild(bool next) {
     QWidget* at = start;
     do {
         at = next ? at->nextInFocusChain() : at->previousInFocusChain();
-        const bool takes = isAncestorOf(at) && (at->focusPolicy() & Qt::TabFocus) && at->isVisible() &&
+        // The sheet counts as its own ancestor, and is no stop itself.
+        const bool takes = at != this && isAncestorOf(at) && (at->focusPolicy() & Qt::TabFocus) && at->isVisible() &&
                            at->isEnabled() && !at->focusProxy();
         if (!takes)
             continue;

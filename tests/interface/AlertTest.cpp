@@ -2,6 +2,7 @@
 
 #include "Fixture.h"
 #include "interface/Button.h"
+#include "interface/FocusRing.h"
 #include "interface/Sheet.h"
 
 namespace Quillstacks {
@@ -56,6 +57,15 @@ TEST_F(AlertOf, returnDoesNotDestroyUnlessThatButtonHasTheKeyboard) {
     button(sheet, QStringLiteral("Delete"))->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Return);
     EXPECT_EQ(confirmed, 1);
+}
+
+TEST_F(AlertOf, cancelShowsItsRingWhereAKeyOpenedTheAlert) {
+    press(Qt::Key_Delete);
+    Sheet* sheet = show(true);
+    EXPECT_TRUE(FocusRing::isShownFor(button(sheet, QStringLiteral("Cancel"))));
+    sheet->dismiss();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, {5, 5});
+    EXPECT_FALSE(FocusRing::isShownFor(button(show(true), QStringLiteral("Cancel"))));
 }
 
 TEST_F(AlertOf, returnConfirmsWhereNothingIsLost) {

@@ -78,6 +78,15 @@ TEST_F(ButtonOf, heightsAreThoseOfItsSizes) {
     EXPECT_EQ(button.sizeHint().height(), 44);
 }
 
+TEST_F(ButtonOf, aLargeFontOfTheDesktopMakesItTaller) {
+    const QFont before = QApplication::font();
+    QFont larger = before;
+    larger.setPixelSize(40);
+    QApplication::setFont(larger);
+    EXPECT_GT(Button(QStringLiteral("Save")).sizeHint().height(), 38);
+    QApplication::setFont(before);
+}
+
 TEST_F(ButtonOf, itRepaintsInTheOtherScheme) {
     Button button(QString(), Button::Kind::prominent);
     button.resize(80, 30);

@@ -15,6 +15,14 @@ TEST(ColorFromHex, sixDigitsAreRedGreenAndBlue) {
     EXPECT_EQ(color(u"#4D96FF").alpha(), 255);
 }
 
+TEST(ColorFromHex, samplesOfEachKind) {
+    EXPECT_EQ(color(u"#7C5CFC"), QColor(0x7C, 0x5C, 0xFC));
+    EXPECT_EQ(color(u"7C5CFC"), QColor(0x7C, 0x5C, 0xFC));
+    EXPECT_EQ(color(u"F0A"), QColor(0xFF, 0x00, 0xAA));
+    EXPECT_EQ(color(u"xyz"), QColor(Qt::black));
+    EXPECT_EQ(color(u"12345678"), QColor(Qt::black));
+}
+
 TEST(ColorFromHex, threeDigitsCountOfFifteen) {
     EXPECT_EQ(color(u"#F80"), QColor(0xFF, 0x88, 0x00));
     EXPECT_EQ(color(u"123"), QColor(0x11, 0x22, 0x33));

@@ -14,7 +14,8 @@ namespace {
 class LazyListOf : public InterfaceTest {
 protected:
     LazyListOf() {
-        list.setSource({[this] { return rows; }, [](int index, int) { return heightOf(index); },
+        list.setSource({[this] { return rows; },
+                        [](int index, int) { return heightOf(index); },
                         [this](int kind, QWidget* parent) {
                             ++made;
                             auto* row = new QWidget(parent);
@@ -27,7 +28,8 @@ protected:
                         },
                         [](int index) { return index % 10 == 0 ? 1 : 0; },
                         [](QWidget* row, bool hovered) { row->setProperty("hovered", hovered); },
-                        [](int index) { return index == 2; }});
+                        [](int index) { return index == 2; },
+                        {}});
         list.resize(400, 300);
         showWindow({400, 300});
     }

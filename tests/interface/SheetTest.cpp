@@ -7,13 +7,24 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QGraphicsEffect>
 #include <QLabel>
+#include <QMenu>
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
 namespace Quillstacks {
 namespace {
+
+class PaintCount final : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
 
 /// A window with a field beneath, and contents with two fields, a "Cancel" and a default "Save".
 class SheetOf : public InterfaceTest {
@@ -76,14 +87,9 @@ TEST_F(SheetOf, keysGoToTheSheetOnly) {
 TEST_F(SheetOf, tabStaysWithin) {
     Content content;
     present(content);
-    QWidget* const expected[] = {content.second, content.save, content.first, content.second};
-    for (QWidget* widget : expected) {
-        if (widget == content.first && !content.save->hasFocus())
-            continue;
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{content.second, content.save, content.first, content.second}) {
         press(Qt::Key_Tab);
-        // The sheet itself is a stop where nothing within has the keyboard.
-        if (QApplication::focusWidget() == Sheet::top(&window))
-            press(Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), widget);
     }
     press(Qt::Key_Backtab, Qt::ShiftModifier);
@@ -160,6 +166,43 @@ TEST_F(SheetOf, returnPressesTheDefaultButton) {
     content.save->setEnabled(false);
     press(Qt::Key_Return);
     EXPECT_EQ(clicks.count(), 1);
+}
+
+TEST_F(SheetOf, returnWithAModifierPressesNothingButThatOfTheKeypadDoes) {
+    Content content;
+    QSignalSpy clicks(content.save, &QAbstractButton::clicked);
+    present(content);
+    for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::ShiftModifier})
+        press(Qt::Key_Return, modifier);
+    EXPECT_EQ(clicks.count(), 0);
+    press(Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(clicks.count(), 1);
+}
+
+TEST_F(SheetOf, anOpenMenuClosesWhenASheetComes) {
+    QMenu menu;
+    menu.addAction(QStringLiteral("Entry"));
+    menu.popup(window.mapToGlobal(QPoint(10, 10)));
+    EXPECT_TRUE(menu.isVisible());
+    Content content;
+    present(content);
+    EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(SheetOf, aLayoutThatChangesNoPlaceRepaintsNothingOfTheWindow) {
+    Content content;
+    Sheet* sheet = present(content);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !sheet->findChild<QGraphicsEffect*>(); }, 2000));
+    QTest::qWait(0);
+    PaintCount paints;
+    sheet->installEventFilter(&paints);
+    QEvent request(QEvent::LayoutRequest);
+    QApplication::sendEvent(sheet->content(), &request);
+    QTest::qWait(0);
+    EXPECT_EQ(paints.count, 0);
+    window.resize(700, 500);
+    QTest::qWait(0);
+    EXPECT_GE(paints.count, 1);
 }
 
 TEST_F(SheetOf, escapeDoesWhatTheScreenBindsItTo) {

@@ -10,6 +10,7 @@
 #include "variables/VariableSubstitutionView.h"
 
 #include <QFile>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QSignalSpy>
 
@@ -34,6 +35,18 @@ protected:
         Sheet* sheet = Sheet::present(&window, std::move(content), PromptEditorView::sheetOptions(prompt));
         QObject::connect(&view, &PromptEditorView::closed, sheet, &Sheet::dismiss);
         return view;
+    }
+    /// A text that an input method composes and has not handed over.
+    static void compose(QWidget& field, const QString& text) {
+        field.setFocus();
+        QInputMethodEvent event(text, {});
+        QApplication::sendEvent(&field, &event);
+    }
+    static QLabel* placeholder(const PromptEditorView& view) {
+        for (QLabel* label : view.findChildren<QLabel*>())
+            if (label->text() == QStringLiteral("Write your prompt…"))
+                return label;
+        return nullptr;
     }
     static TextField& titleField(const PromptEditorView& view) { return *view.findChild<TextField*>(); }
     static PlainTextEdit& bodyField(const PromptEditorView& view) { return *view.findChild<PlainTextEdit*>(); }
@@ -481,17 +494,78 @@ TEST_F(PromptEditor, tabIsACharacterOfTheBodyAndCtrlTabAndShiftTabLeaveIt) {
 
 TEST_F(PromptEditor, thePlaceholderStandsInAnEmptyBodyOnly) {
     open();
-    const auto placeholder = [&] {
-        for (const QLabel* label : editor->findChildren<QLabel*>())
-            if (label->text() == QStringLiteral("Write your prompt…"))
-                return label->isVisibleTo(editor.get());
-        return false;
-    };
-    EXPECT_TRUE(placeholder());
+    const auto isShown = [&] { return placeholder(*editor)->isVisibleTo(editor.get()); };
+    EXPECT_TRUE(isShown());
     editor->setEditorBody(QStringLiteral("a"));
-    EXPECT_FALSE(placeholder());
+    EXPECT_FALSE(isShown());
     editor->setEditorBody(QString());
-    EXPECT_TRUE(placeholder());
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(titleField(*editor).placeholderText(), QStringLiteral("Title"));
+}
+
+TEST_F(PromptEditor, thePlaceholderIsHiddenWhileATextIsComposed) {
+    const PromptEditorView& view = present();
+    EXPECT_TRUE(placeholder(view)->isVisible());
+    compose(bodyField(view), QStringLiteral("n"));
+    EXPECT_FALSE(placeholder(view)->isVisible());
+    compose(bodyField(view), QString());
+    EXPECT_TRUE(placeholder(view)->isVisible());
+}
+
+TEST_F(PromptEditor, whatIsStillComposedIsSavedAndCopied) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"), QStringLiteral("b"));
+    PromptEditorView& view = present(prompt);
+    bodyField(view).moveCursor(QTextCursor::End);
+    compose(bodyField(view), QStringLiteral("ni"));
+    EXPECT_EQ(view.editorBody(), QStringLiteral("b"));
+    QTest::mouseClick(visibleButton(view, QStringLiteral("Copy")), Qt::LeftButton);
+    EXPECT_EQ(clipboard(), QStringLiteral("bni"));
+    compose(bodyField(view), QStringLiteral("hao"));
+    QTest::mouseClick(visibleButton(view, QStringLiteral("Save")), Qt::LeftButton);
+    EXPECT_EQ(prompt->body(), QStringLiteral("bnihao"));
+    EXPECT_EQ(closed->count(), 1);
+}
+
+TEST_F(PromptEditor, whatIsStillComposedInTheTitleIsSavedByCtrlS) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"), QStringLiteral("b"));
+    PromptEditorView& view = present(prompt);
+    titleField(view).setFocus();
+    titleField(view).end(false);
+    compose(titleField(view), QStringLiteral("ni"));
+    QTest::keyClick(&titleField(view), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(prompt->title(), QStringLiteral("tni"));
+}
+
+TEST_F(PromptEditor, itsButtonsAnswerTheMouse) {
+    PromptEditorView& view = present(addPrompt(QStringLiteral("t"), QStringLiteral("b")));
+    Button* copy = visibleButton(view, QStringLiteral("Copy"));
+    EXPECT_EQ(copy->toolTip(), QStringLiteral("Copy prompt to clipboard"));
+    QTest::mouseClick(copy, Qt::LeftButton);
+    EXPECT_EQ(clipboard(), QStringLiteral("b"));
+    QTest::mouseClick(visibleButton(view, QStringLiteral("Delete")), Qt::LeftButton);
+    EXPECT_TRUE(view.isShowingDeleteAlert());
+    QStringList texts;
+    for (const QLabel* label : Sheet::top(&window)->findChildren<QLabel*>())
+        texts += label->text();
+    EXPECT_EQ(texts, (QStringList{QStringLiteral("Delete Prompt?"), QStringLiteral("This action cannot be undone.")}));
+    view.cancelDeletion();
+    QTest::mouseClick(visibleButton(view, QStringLiteral("Cancel")), Qt::LeftButton);
+    EXPECT_EQ(closed->count(), 1);
+}
+
+TEST_F(PromptEditor, theBodysLinesFollowTheDesktopsFont) {
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPixelSize(14);
+    QApplication::setFont(font);
+    open();
+    EXPECT_EQ(bodyField(*editor).lineHeight(), 24);
+    font.setPixelSize(28);
+    QApplication::setFont(font);
+    EXPECT_EQ(bodyField(*editor).lineHeight(), 48);
+    EXPECT_EQ(placeholder(*editor)->height(), 48);
+    EXPECT_GT(titleField(*editor).sizeHint().height(), 40);
+    QApplication::setFont(before);
 }
 
 } // namespace Quillstacks

@@ -1,13 +1,18 @@
 #include "library/PromptListView.h"
 
 #include "FullDisk.h"
+#include "interface/IconButton.h"
 #include "interface/LazyList.h"
 #include "interface/Menu.h"
 #include "interface/Sheet.h"
 #include "library/PromptEditorView.h"
 #include "LibraryFixture.h"
 
+#include <QAccessible>
+#include <QContextMenuEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace Quillstacks {
@@ -30,6 +35,18 @@ protected:
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QWidget* focus = QApplication::focusWidget();
         QTest::keyClick(focus ? focus : &view(), static_cast<Qt::Key>(key), modifiers);
+    }
+    /// The texts that can be seen, but for those of buttons.
+    QStringList texts(const QWidget& within) {
+        QStringList result;
+        for (const QLabel* label : within.findChildren<QLabel*>())
+            if (label->isVisibleTo(&within))
+                result += label->text();
+        return result;
+    }
+    void rightClick(const QPoint& at) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, rows().viewport()->mapToGlobal(at));
+        QApplication::sendEvent(rows().viewport(), &event);
     }
     void answerAlert(const QString& title) {
         Sheet* sheet = Sheet::top(&view());
@@ -123,8 +140,9 @@ TEST_F(PromptList, theCountIsShownWhileAFilterIsActiveAndSomethingPasses) {
 TEST_F(PromptList, followsChangesOfTheLibraryOnTheNextTurn) {
     view();
     EXPECT_EQ(rows().count(), 0);
-    addPrompt(QStringLiteral("new"));
-    library.context().processPendingChanges();
+    library.addPrompt(QStringLiteral("new"));
+    EXPECT_EQ(rows().count(), 0);
+    QCoreApplication::processEvents();
     EXPECT_EQ(rows().count(), 1);
 }
 
@@ -487,6 +505,175 @@ TEST_F(PromptList, everyControlHasAName) {
         EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().isEmpty());
     EXPECT_EQ(rows().row(0)->accessibleName(), QStringLiteral("a"));
     EXPECT_EQ(rows().accessibleName(), QStringLiteral("Prompts"));
+}
+
+// The keyboard
+
+TEST_F(PromptList, aSecondSpaceOnTheStarOfAPromptThatMovedAwayPinsNoOther) {
+    Prompt* lower = addPrompt(QStringLiteral("lower"));
+    Prompt* upper = addPrompt(QStringLiteral("upper"));
+    shownView().select(lower);
+    library.context().processPendingChanges();
+    named<IconButton>(*rows().row(1), QStringLiteral("Pin prompt to top"))->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(lower->isPinned());
+    EXPECT_TRUE(rows().hasFocus());
+    press(Qt::Key_Space);
+    EXPECT_FALSE(upper->isPinned());
+    EXPECT_TRUE(lower->isPinned());
+}
+
+TEST_F(PromptList, afterAnEditorThatThePencilOpenedTheListHasTheKeyboard) {
+    Prompt* lower = addPrompt(QStringLiteral("lower"));
+    addPrompt(QStringLiteral("upper"));
+    shownView().select(lower);
+    for (const bool deletes : {false, true}) {
+        library.context().processPendingChanges();
+        const auto index = static_cast<int>(view().filteredPrompts().indexOf(lower));
+        named<IconButton>(*rows().row(index), QStringLiteral("Edit"))->setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Space);
+        auto* editor = qobject_cast<PromptEditorView*>(Sheet::top(&view())->content());
+        ASSERT_TRUE(editor);
+        if (deletes)
+            editor->deletePrompt();
+        else
+            editor->savePrompt();
+        EXPECT_TRUE(rows().hasFocus());
+    }
+}
+
+TEST_F(PromptList, aKeyThatIsHeldOpensNoEditor) {
+    shownView().select(addPrompt(QStringLiteral("a")));
+    for (const Qt::Key key : {Qt::Key_P, Qt::Key_E, Qt::Key_Return}) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(&rows(), &event);
+        EXPECT_FALSE(view().isPresentingEditor());
+    }
+}
+
+TEST_F(PromptList, theMenuKeyShowsTheMenuOfTheSelection) {
+    shownView().select(addPrompt(QStringLiteral("a")));
+    library.context().processPendingChanges();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), view().mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&view(), &event);
+    auto* menu = view().findChild<Menu*>();
+    ASSERT_TRUE(menu);
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+}
+
+// The mouse
+
+TEST_F(PromptList, aRightClickShowsTheRowsMenuAndBetweenRowsNone) {
+    addPrompt(QStringLiteral("lower"));
+    Prompt* upper = addPrompt(QStringLiteral("upper"));
+    shownView();
+    library.context().processPendingChanges();
+    const QRect first = rows().rowGeometry(0);
+    rightClick(QPoint(first.center().x(), first.bottom() + 1)); // in the gap of two
+    EXPECT_FALSE(view().findChild<Menu*>());
+    rightClick(first.center());
+    auto* menu = view().findChild<Menu*>();
+    ASSERT_TRUE(menu);
+    menu->actions().at(1)->trigger();
+    EXPECT_TRUE(upper->isPinned());
+    menu->close();
+}
+
+TEST_F(PromptList, theHeadersButtonsMakeAndDelete) {
+    shownView().select(addPrompt(QStringLiteral("a")));
+    Button* remove = visibleButton(view(), QStringLiteral("Delete"));
+    EXPECT_EQ(remove->toolTip(), QStringLiteral("Delete Selected Prompt"));
+    QTest::mouseClick(remove, Qt::LeftButton);
+    EXPECT_TRUE(view().isShowingDeleteAlert());
+    EXPECT_TRUE(texts(*Sheet::top(&view())).contains(QStringLiteral("Delete Prompt?")));
+    EXPECT_TRUE(texts(*Sheet::top(&view())).contains(QStringLiteral("This action cannot be undone.")));
+    view().cancelDeletion();
+    QTest::mouseClick(visibleButton(view(), QStringLiteral("New Prompt")), Qt::LeftButton);
+    EXPECT_TRUE(view().isPresentingEditor());
+}
+
+// What is covered or gone
+
+TEST_F(PromptList, assistiveToolsSelectARowAndPressNothingBeneathASheet) {
+    Prompt* prompt = addPrompt(QStringLiteral("a"));
+    shownView();
+    library.context().processPendingChanges();
+    QAccessibleInterface* row = QAccessible::queryAccessibleInterface(rows().row(0));
+    ASSERT_TRUE(row);
+    EXPECT_EQ(row->role(), QAccessible::ListItem);
+    EXPECT_FALSE(row->state().selected);
+    view().newPrompt();
+    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(view().selection());
+    Sheet::top(&view())->dismiss();
+    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(view().selection(), prompt);
+    EXPECT_TRUE(row->state().selected);
+}
+
+TEST_F(PromptList, beneathASheetNothingIsMadeOpenedOrAskedAbout) {
+    Prompt* prompt = addPrompt(QStringLiteral("a"));
+    Prompt* other = addPrompt(QStringLiteral("b"));
+    view().edit(prompt);
+    view().newPrompt();
+    EXPECT_EQ(view().selection(), prompt);
+    view().edit(other);
+    EXPECT_EQ(view().selection(), prompt);
+    view().askToDelete(prompt);
+    EXPECT_FALSE(view().isShowingDeleteAlert());
+}
+
+TEST_F(PromptList, aPromptThatIsGoneIsNeitherOpenedNorPinnedNorCopied) {
+    Prompt* prompt = addPrompt(QStringLiteral("gone"), QStringLiteral("body"));
+    view();
+    library.context().remove(prompt);
+    view().edit(prompt);
+    EXPECT_FALSE(view().isPresentingEditor());
+    view().togglePin(prompt);
+    view().copy(prompt);
+    EXPECT_EQ(clipboard(), QString());
+    view().askToDelete(prompt);
+    EXPECT_FALSE(view().isShowingDeleteAlert());
+}
+
+// Texts and places
+
+TEST_F(PromptList, theHeaderShowsItsTitleAndTheCount) {
+    addPrompt(QStringLiteral("alpha"));
+    shownView();
+    EXPECT_EQ(texts(view()), QStringList{QStringLiteral("Prompts")});
+    view().setSearchText(QStringLiteral("alpha"));
+    EXPECT_EQ(texts(view()), (QStringList{QStringLiteral("Prompts"), QStringLiteral("1 prompt")}));
+}
+
+TEST_F(PromptList, theEmptyStateSaysWhatToDo) {
+    EXPECT_TRUE(texts(view()).contains(QStringLiteral("No prompts yet")));
+    EXPECT_TRUE(texts(view()).contains(QStringLiteral(
+        "Create your first prompt to start building your library. You can add tags and versions anytime.")));
+}
+
+TEST_F(PromptList, aNewSearchStartsAtTheTop) {
+    for (int i = 0; i < 40; ++i)
+        library.addPrompt(QString::number(i), QStringLiteral("body"), {});
+    library.context().processPendingChanges();
+    shownView();
+    rows().verticalScrollBar()->setValue(1500);
+    EXPECT_EQ(rows().verticalScrollBar()->value(), 1500);
+    view().setSearchText(QStringLiteral("body"));
+    EXPECT_EQ(rows().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(PromptList, inANarrowWindowTheHeadersButtonsGiveWayToItsTitle) {
+    view();
+    show(view(), QSize(250, 500));
+    for (const QLabel* label : view().findChildren<QLabel*>()) {
+        if (label->text() == QStringLiteral("Prompts")) {
+            EXPECT_GE(label->width(), label->sizeHint().width());
+        }
+    }
+    EXPECT_LE(visibleButton(view(), QStringLiteral("Delete"))->geometry().right(), 250);
 }
 
 } // namespace Quillstacks

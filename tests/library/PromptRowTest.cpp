@@ -3,7 +3,10 @@
 #include "interface/IconButton.h"
 #include "LibraryFixture.h"
 
-#include <QAccessible>
+#include <QEnterEvent>
+#include <QImage>
+
+#include <algorithm>
 
 namespace Quillstacks {
 namespace {
@@ -136,15 +139,82 @@ TEST_F(PromptRowTest, onlyTheSelectedRowsButtonsAreStopsOfTheTabKey) {
         EXPECT_EQ(one->focusPolicy(), Qt::TabFocus);
 }
 
-TEST_F(PromptRowTest, assistiveToolsHearWhetherItIsSelected) {
+TEST_F(PromptRowTest, fourOfSixTagsArePaintedWhereAllHaveRoom) {
+    QList<Tag*> tags;
+    for (const char* name : {"f", "e", "d", "c", "b", "a"})
+        tags += addTag(QLatin1String(name));
+    tags[3]->setColorHex(QStringLiteral("#00FF00"));
+    tags[4]->setColorHex(QStringLiteral("#FF0000"));
+    rowOf(addPrompt(QStringLiteral("t"), QStringLiteral("b"), tags));
+    row.resize(928, 100);
+    const QImage image = row.grab().toImage();
+    const auto paints = [&image](const QColor& color) {
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y) == color)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(paints(QColor(0, 255, 0)));
+    EXPECT_FALSE(paints(QColor(255, 0, 0)));
+}
+
+TEST_F(PromptRowTest, theStarIsHalfOpaqueUnlessPinnedOrHovered) {
     Prompt* prompt = addPrompt(QStringLiteral("t"));
-    rowOf(prompt, true);
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&row);
-    ASSERT_TRUE(accessible);
-    EXPECT_EQ(accessible->role(), QAccessible::ListItem);
-    EXPECT_TRUE(accessible->state().selected);
+    rowOf(prompt);
+    IconButton* star = button(QStringLiteral("Pin prompt to top"));
+    const auto strength = [&star] {
+        QImage image(star->rect().size(), QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        star->render(&image, {}, {}, QWidget::RenderFlags());
+        int strongest = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                strongest = std::max(strongest, image.pixelColor(x, y).alpha());
+        return strongest;
+    };
+    const int rest = strength(); // below 128: the thin line covers no pixel as a whole
+    EXPECT_GT(rest, 90);
+    EXPECT_LE(rest, 128);
+    prompt->togglePin();
     row.setPrompt(prompt, false);
-    EXPECT_FALSE(accessible->state().selected);
+    EXPECT_GT(strength(), 245);
+    prompt->togglePin();
+    row.setPrompt(prompt, false);
+    QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+    QApplication::sendEvent(star, &enter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return strength() > 2 * rest - 6; }, 2000));
+}
+
+TEST_F(PromptRowTest, theCheckMarkAfterACopyIsGreen) {
+    rowOf(addPrompt(QStringLiteral("t")), true);
+    IconButton* copy = button(QStringLiteral("Copy prompt body"));
+    const auto hasGreen = [&copy] {
+        const QImage image = copy->grab().toImage();
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y) == Theme::shared().color(ColorRole::green))
+                    return true;
+        return false;
+    };
+    EXPECT_FALSE(hasGreen());
+    copy->click();
+    EXPECT_TRUE(hasGreen());
+    clock.advance(1200ms);
+    EXPECT_FALSE(hasGreen());
+}
+
+TEST_F(PromptRowTest, aCallbackMayFillTheRowAnewWithOtherCallbacks) {
+    Prompt* first = addPrompt(QStringLiteral("first"));
+    rowOf(first);
+    const QString kept(1000, QLatin1Char('x'));
+    QString seen;
+    row.onTogglePin = [this, &seen, kept] {
+        row.onTogglePin = {};
+        seen = kept;
+    };
+    button(QStringLiteral("Pin prompt to top"))->click();
+    EXPECT_EQ(seen, kept);
 }
 
 } // namespace Quillstacks

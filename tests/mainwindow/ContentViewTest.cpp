@@ -12,6 +12,15 @@
 namespace Quillstacks {
 namespace {
 
+class PaintCount final : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 class ContentViewTest : public LibraryFixture {
 protected:
     ContentView& open() {
@@ -117,6 +126,21 @@ TEST_F(ContentViewTest, aChangeOfTheAppearanceRecoloursTheOpenWindow) {
     EXPECT_LT(ground().lightness(), 80);
     appearanceModePreference().set(AppearanceMode::light);
     EXPECT_GT(ground().lightness(), 200);
+}
+
+TEST_F(ContentViewTest, aChangeOfTheAppearanceRepaintsTheShownWindowByItself) {
+    appearanceModePreference().set(AppearanceMode::dark);
+    open();
+    QTest::qWait(0);
+    auto* sidebar = made->findChild<SidebarView*>();
+    PaintCount window;
+    PaintCount column;
+    made->installEventFilter(&window);
+    sidebar->installEventFilter(&column);
+    QTest::qWait(0);
+    window.count = column.count = 0;
+    appearanceModePreference().set(AppearanceMode::light);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.count > 0 && column.count > 0; }, 2000));
 }
 
 } // namespace Quillstacks
