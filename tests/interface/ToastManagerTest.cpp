@@ -2,6 +2,7 @@
 
 #include "Fixture.h"
 #include "foundation/ManualClock.h"
+#include "interface/Spring.h"
 #include "interface/ToastModifier.h"
 #include "interface/ToastView.h"
 
@@ -74,6 +75,24 @@ TEST_F(ToastManagerOf, theToastStandsAboveTheBottomEdgeInTheMiddle) {
     EXPECT_EQ(ground().height(), 44);
     clock.advance(2s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !modifier.view()->isVisible(); }, 3000));
+}
+
+TEST_F(ToastManagerOf, itComesInWithOneSpringAndGoesOutWithTheOther) {
+    const auto moves = [](const ToastModifier& modifier, const Spring& spring) {
+        const QEasingCurve curve = modifier.movement().easingCurve();
+        const double seconds = std::chrono::duration<double>(spring.duration).count();
+        for (const double part : {0.1, 0.3, 0.5, 0.7, 0.9})
+            EXPECT_NEAR(curve.valueForProgress(part), spring.value(part * seconds), 1e-9) << part;
+        EXPECT_EQ(modifier.movement().duration(), spring.duration.count());
+    };
+    const ToastModifier modifier(&window);
+    showWindow();
+    manager.show(QStringLiteral("Pinned"), 2.0);
+    moves(modifier, Springs::toastIn);
+    EXPECT_EQ(modifier.movement().endValue(), 1.0);
+    clock.advance(2s);
+    moves(modifier, Springs::toastOut);
+    EXPECT_EQ(modifier.movement().endValue(), 0.0);
 }
 
 TEST_F(ToastManagerOf, aTextOfAnyLengthStaysWithinItsHost) {
