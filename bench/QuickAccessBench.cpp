@@ -5,6 +5,7 @@
 #include "library/model/ModelContainer.h"
 #include "library/model/ModelContext.h"
 #include "quickaccess/QuickAccessPanel.h"
+#include "quickaccess/QuickAccessRow.h"
 #include "quickaccess/QuickAccessSearchRow.h"
 #include "quickaccess/QuickAccessView.h"
 #include "quickaccess/QuickAccessWindowManager.h"
@@ -133,6 +134,19 @@ void searchKeyToPicture(benchmark::State& state) {
     }
 }
 BENCHMARK(searchKeyToPicture)->ArgName("few")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+/// What each key costs beyond the search: the heights of all rows, for bodies of 300 characters in one script.
+void rowHeights(benchmark::State& state) {
+    const QString word = state.range(0) == 0   ? QStringLiteral("examination ")
+                         : state.range(0) == 1 ? QStringLiteral("рассмотрение ")
+                                               : QStringLiteral("この変更を注意深く確認してください。");
+    const Prompt prompt(QStringLiteral("Title"), word.repeated(30).left(300));
+    const QuickAccessRow::Metrics metrics = QuickAccessRow::Metrics::current();
+    for (auto _ : state)
+        for (int i = 0; i < 10'000; ++i)
+            benchmark::DoNotOptimize(QuickAccessRow::heightFor(prompt, 662, metrics));
+}
+BENCHMARK(rowHeights)->ArgName("script")->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace Quillstacks

@@ -25,12 +25,16 @@ constexpr qreal groundOpacity = 0.15;
 } // namespace
 
 FillVariablesToggle::FillVariablesToggle(QWidget* parent) : QAbstractButton(parent) {
-    setObjectName(QStringLiteral("fillVariablesToggle"));
+    setObjectName(QStringLiteral("FillVariablesToggle"));
     setText(QStringLiteral("Fill variables"));
     setAccessibleName(text());
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     FocusRing::attach(this, radius);
+    connect(&Theme::shared(), &Theme::changed, this, [this] {
+        updateGeometry();
+        update();
+    });
     connect(this, &QAbstractButton::clicked, this, [] {
         const auto& preference = enableVariableSubstitutionPreference();
         preference.set(!preference.value());

@@ -13,7 +13,7 @@ namespace Quillstacks {
 QuickAccessPanel::QuickAccessPanel()
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint) {
     setObjectName(QStringLiteral("quick-access"));
-    setWindowTitle(QStringLiteral("quick-access"));
+    setWindowTitle(QStringLiteral("Quick access"));
     setWindowRole(QStringLiteral("quick-access"));
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -44,6 +44,7 @@ void QuickAccessPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (root)
         root->setGeometry(rect());
+    Q_EMIT resized();
 }
 
 void QuickAccessPanel::showEvent(QShowEvent* event) {

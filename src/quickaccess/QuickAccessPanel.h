@@ -25,6 +25,7 @@ public:
 
 Q_SIGNALS:
     void closed();
+    void resized();
 
 protected:
     bool event(QEvent* event) override;

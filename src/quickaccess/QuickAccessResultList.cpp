@@ -9,7 +9,11 @@
 #include "interface/Theme.h"
 #include "library/model/Prompt.h"
 
+#include <QCoreApplication>
+#include <QResizeEvent>
+
 #include <algorithm>
+#include <utility>
 
 namespace Quillstacks {
 
@@ -24,8 +28,10 @@ QuickAccessResultList::QuickAccessResultList(QWidget* parent) : QWidget(parent) 
     rows->setPadding(QMargins(listPadding, listPadding, listPadding, listPadding));
     installSource();
     connect(rows, &LazyList::clicked, this, [this](int at) {
+        // Of a copy: what it does may fill the row anew, callback included.
         if (const auto* row = qobject_cast<QuickAccessRow*>(rows->row(at)))
-            row->onCopy();
+            if (const auto copy = row->onCopy)
+                copy();
     });
     connect(&Theme::shared(), &Theme::changed, this, &QuickAccessResultList::placeFade);
     placeFade();
@@ -45,6 +51,7 @@ void QuickAccessResultList::installSource() {
         const Item item = itemAt(at);
         return item.kind == promptKind && item.index == selected;
     };
+    source.role = [](int kind) { return kind == headerKind ? QAccessible::Heading : QAccessible::ListItem; };
     source.bind = [this](QWidget* row, int at) { bind(row, at); };
     rows->setSource(std::move(source));
 }
@@ -64,7 +71,17 @@ void QuickAccessResultList::setResults(const QList<Prompt*>& newResults, int sel
         results.cbegin();
     selected = selectedIndex;
     takeMetrics();
+    settle();
     rows->reload();
+}
+
+// A widget that is hidden hears of its size only when it is shown; the rows would be measured once more then.
+void QuickAccessResultList::settle() {
+    if (rows->size() == size() && !rows->testAttribute(Qt::WA_PendingResizeEvent))
+        return;
+    rows->setGeometry(rect());
+    QResizeEvent resized(rows->size(), rows->size());
+    QCoreApplication::sendEvent(rows, &resized);
 }
 
 void QuickAccessResultList::takeMetrics() {

@@ -3,6 +3,7 @@
 #include "quickaccess/QuickAccessRow.h"
 
 #include <QList>
+#include <QStringList>
 #include <QWidget>
 
 namespace Quillstacks {
@@ -45,6 +46,7 @@ private:
     void bind(QWidget* row, int at);
     void placeFade();
     void takeMetrics();
+    void settle();
     [[nodiscard]] int heightOf(int at, int width) const;
     [[nodiscard]] int headerCount() const { return pinnedCount == 0 ? 0 : pinnedCount == results.size() ? 1 : 2; }
     [[nodiscard]] Item itemAt(int at) const;

@@ -17,6 +17,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace Quillstacks {
 
@@ -64,6 +65,7 @@ void QuickAccessView::appear() {
     search.clear();
     searchBar->field()->setText(QString());
     selection = 0;
+    placeParts(); // before its rows are measured, which takes a width
     refresh();
     list->scrollToTop();
     MainQueue::async(this, [this] { setSearchFocused(true); });
@@ -88,10 +90,12 @@ void QuickAccessView::setSearchText(const QString& text) {
         searchBar->field()->setText(text);
     // Once for all that a key causes: the library may be long.
     const QList<Prompt*> found = results();
+    const bool moved = std::exchange(selection, 0) != 0;
     showResults(found);
-    if (selection == 0)
+    if (!moved)
         list->scrollToTop();
-    setSelectedIndex(0, static_cast<int>(found.size()));
+    else if (!found.isEmpty())
+        list->follow(0);
 }
 
 void QuickAccessView::setSelectedIndex(int index, int count) {
@@ -134,13 +138,16 @@ void QuickAccessView::escape() {
 }
 
 void QuickAccessView::choosePrompt(Prompt* prompt) {
-    if (enableVariableSubstitutionPreference().value() && !extractVariables(prompt->body()).isEmpty())
-        fillIn(prompt);
-    else
+    QStringList variables;
+    if (enableVariableSubstitutionPreference().value())
+        variables = extractVariables(prompt->body());
+    if (variables.isEmpty())
         copy(prompt->body(), prompt->title());
+    else
+        fillIn(prompt, variables);
 }
 
-void QuickAccessView::fillIn(Prompt* prompt) {
+void QuickAccessView::fillIn(Prompt* prompt, const QStringList& variables) {
     if (sheetShown)
         return;
     pending = prompt;
@@ -151,8 +158,10 @@ void QuickAccessView::fillIn(Prompt* prompt) {
         return view ? view->cardRect().translated(view->mapTo(view->window(), QPoint())) : QRect();
     };
     area.radius = cardRadius();
+    // The sheet gives the keyboard back to what had it, and that is never to be the toggle.
+    searchBar->field()->setFocus(Qt::OtherFocusReason);
     presentFillIn(
-        this, prompt->title(), prompt->body(),
+        this, prompt->title(), prompt->body(), variables,
         // The title is kept: the prompt may be deleted in the main window while the sheet is open.
         [this, title = prompt->title()](const QString& filled) { copy(filled, title); },
         [this] {

@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -82,7 +83,7 @@ private:
     void setSearchFocused(bool focused);
     [[nodiscard]] bool handleKey(int key);
     void choosePrompt(Prompt* prompt);
-    void fillIn(Prompt* prompt);
+    void fillIn(Prompt* prompt, const QStringList& variables);
     void copy(const QString& text, const QString& title);
 
     PromptQuery prompts;

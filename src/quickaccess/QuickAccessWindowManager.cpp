@@ -31,6 +31,7 @@ QuickAccessWindowManager& QuickAccessWindowManager::shared() {
 QuickAccessWindowManager::QuickAccessWindowManager(QObject* parent) : QObject(parent) {
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &QuickAccessWindowManager::applicationStateChanged);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &QuickAccessWindowManager::tearDown);
+    connect(&Theme::shared(), &Theme::changed, this, &QuickAccessWindowManager::followCard);
 }
 
 QuickAccessWindowManager::~QuickAccessWindowManager() {
@@ -98,6 +99,7 @@ void QuickAccessWindowManager::show() {
         renewRootView();
     isRootFresh = false;
     panel->setGeometry(panelFrame());
+    panel->rootView()->setGeometry(panel->rect()); // a panel that is hidden passes its size on only when it is shown
     panel->setWindowOpacity(Windows::isComposited() ? 0.0 : 1.0);
     panel->rootView()->appear();
     blurBehind();
@@ -109,6 +111,7 @@ void QuickAccessWindowManager::show() {
 void QuickAccessWindowManager::createPanel() {
     panel = new QuickAccessPanel;
     panel->resize(contentSize);
+    connect(panel, &QuickAccessPanel::resized, this, &QuickAccessWindowManager::followCard);
     connect(panel, &QuickAccessPanel::closed, this, [this] {
         if (fade)
             fade->stop();
@@ -140,6 +143,11 @@ void QuickAccessWindowManager::blurBehind() {
         return;
     const QuickAccessView& view = *panel->rootView();
     Windows::setBlurBehind(panel, view.cardRect(), view.cardRadius());
+}
+
+void QuickAccessWindowManager::followCard() {
+    if (isVisible())
+        blurBehind();
 }
 
 void QuickAccessWindowManager::fadeIn() {

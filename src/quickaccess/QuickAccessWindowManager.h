@@ -48,6 +48,7 @@ private:
     void warmUp();
     void renewRootView();
     void blurBehind();
+    void followCard();
     void fadeIn();
     void applicationStateChanged(Qt::ApplicationState state);
     void tearDown();

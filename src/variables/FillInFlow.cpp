@@ -6,14 +6,23 @@
 #include "interface/Sheet.h"
 #include "variables/engine/VariableEngine.h"
 
+#include <QPointer>
+
 #include <memory>
+#include <utility>
 
 namespace Quillstacks {
 
 void presentFillIn(QWidget* host, const QString& promptTitle, const QString& promptBody,
                    std::function<void(const QString& filled)> onComplete, std::function<void()> onCancel,
                    FillInArea area) {
-    const QStringList variables = extractVariables(promptBody);
+    presentFillIn(host, promptTitle, promptBody, extractVariables(promptBody), std::move(onComplete),
+                  std::move(onCancel), std::move(area));
+}
+
+void presentFillIn(QWidget* host, const QString& promptTitle, const QString& promptBody, const QStringList& variables,
+                   std::function<void(const QString& filled)> onComplete, std::function<void()> onCancel,
+                   FillInArea area) {
     const auto sheet = std::make_shared<QPointer<Sheet>>();
     const auto dismiss = [sheet] {
         if (*sheet)

@@ -5,10 +5,14 @@
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QScrollBar>
+#include <QTextBlock>
 
 #include <algorithm>
+#include <tuple>
 
 namespace Quillstacks {
 
@@ -47,14 +51,16 @@ void FilledTextPreview::refresh() {
 }
 
 void FilledTextPreview::setText(const QString& text) {
-    if (text == edit->text())
+    if (text == shownText)
         return;
+    shownText = text;
+    const int scrolled = edit->verticalScrollBar()->value();
     edit->setText(text);
+    if (scrolled > 0) {
+        std::ignore = laidOutHeight(scrolled + edit->viewport()->height());
+        edit->verticalScrollBar()->setValue(scrolled);
+    }
     updateGeometry();
-}
-
-QString FilledTextPreview::text() const {
-    return edit->text();
 }
 
 void FilledTextPreview::setOpen(bool open) {
@@ -74,8 +80,17 @@ int FilledTextPreview::textTop() const {
     return padding + textLineHeight(TextStyle::subheadline) + titleGap;
 }
 
+// Paragraph by paragraph, and no further than asked: the whole of a long text takes long.
+qreal FilledTextPreview::laidOutHeight(qreal enough) const {
+    const QAbstractTextDocumentLayout* layout = edit->document()->documentLayout();
+    qreal bottom = 0;
+    for (QTextBlock block = edit->document()->begin(); block.isValid() && bottom < enough; block = block.next())
+        bottom = layout->blockBoundingRect(block).bottom();
+    return bottom;
+}
+
 int FilledTextPreview::wantedTextHeight() const {
-    const int text = static_cast<int>(edit->document()->size().height()) + 2 * textPadding;
+    const int text = static_cast<int>(laidOutHeight(greatestTextHeight)) + 2 * textPadding;
     return std::min(text, greatestTextHeight);
 }
 

@@ -2,6 +2,7 @@
 
 #include "interface/Transition.h"
 
+#include <QString>
 #include <QWidget>
 
 namespace Quillstacks {
@@ -16,8 +17,9 @@ public:
 
     explicit FilledTextPreview(QWidget* parent = nullptr);
 
+    /// What is scrolled to stays in sight, as far as the new text reaches.
     void setText(const QString& text);
-    [[nodiscard]] QString text() const;
+    [[nodiscard]] const QString& text() const { return shownText; }
     /// Folds out or in, in 200 ms.
     void setOpen(bool open);
 
@@ -36,6 +38,9 @@ private:
     [[nodiscard]] int wantedTextHeight() const;
     [[nodiscard]] int folded(int height) const;
 
+    [[nodiscard]] qreal laidOutHeight(qreal enough) const;
+
+    QString shownText;
     PlainTextEdit* edit = nullptr;
     Transition unfolding;
 };

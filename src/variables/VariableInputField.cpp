@@ -11,6 +11,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace Quillstacks {
 
 namespace {
@@ -39,6 +41,7 @@ QString VariableInputField::placeholder() const {
 void VariableInputField::buildField(const QString& value) {
     field = new TextArea(placeholder(), 1, 5, this);
     field->setAccessibleName(variable);
+    describe();
     field->setText(value);
     field->moveCursor(QTextCursor::End);
     field->installEventFilter(this);
@@ -73,7 +76,13 @@ void VariableInputField::takeOverText() {
         return;
     currentValue = std::move(text);
     check.to(isFilled() ? 1 : 0);
+    describe();
     Q_EMIT valueChanged(currentValue);
+}
+
+// The check mark in words.
+void VariableInputField::describe() {
+    field->setAccessibleDescription(isFilled() ? QStringLiteral("Filled") : QString());
 }
 
 bool VariableInputField::isFilled() const {

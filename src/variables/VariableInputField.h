@@ -48,6 +48,7 @@ private:
     void buildField(const QString& value);
     void placeField();
     void takeOverText();
+    void describe();
     [[nodiscard]] bool handleReturn(int modifiers);
 
     QString currentValue;

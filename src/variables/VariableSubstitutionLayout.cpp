@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace Quillstacks {
 
 namespace {
@@ -88,7 +90,7 @@ void VariableSubstitutionView::buildCountRow(QBoxLayout* column) {
     connect(clearButton, &Button::clicked, this, &VariableSubstitutionView::clear);
 
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(padding, 0, padding - 8, 14);
+    row->setContentsMargins(padding, padding, padding - 8, padding);
     row->addWidget(new Label(countText(), TextStyle::subheadline, ColorRole::text2), 1);
     row->addWidget(clearButton);
     column->addLayout(row);

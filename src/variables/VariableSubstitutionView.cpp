@@ -9,6 +9,7 @@
 #include "variables/engine/VariableEngine.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Quillstacks {
 
@@ -22,7 +23,11 @@ void VariableSubstitutionView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (std::exchange(hasAppeared, true) || variables.isEmpty())
         return;
-    MainQueue::after(focusDelay, this, [this] { setFocusedField(variables.first()); });
+    MainQueue::after(focusDelay, this, [this] {
+        // Who went on to another field meanwhile stays there.
+        if (!focused || *focused == variables.first())
+            setFocusedField(variables.first());
+    });
 }
 
 void VariableSubstitutionView::setVariableValue(const QString& variable, const QString& value) {
@@ -32,7 +37,8 @@ void VariableSubstitutionView::setVariableValue(const QString& variable, const Q
 
 void VariableSubstitutionView::takeOver(const QString& variable, const QString& value) {
     values.insert(variable, value);
-    refresh();
+    if (!isClearing)
+        refresh();
 }
 
 void VariableSubstitutionView::setFocusedField(const QString& variable) {
@@ -78,8 +84,11 @@ void VariableSubstitutionView::complete() {
 }
 
 void VariableSubstitutionView::clear() {
+    isClearing = true; // what follows from the values is worked out once for all of them
     for (const QString& variable : variables)
         setVariableValue(variable, QString());
+    isClearing = false;
+    refresh();
     if (!variables.isEmpty())
         setFocusedField(variables.first());
 }

@@ -76,6 +76,7 @@ private:
     std::function<void(const QString&)> onComplete;
     std::function<void()> onCancel;
     bool hasAppeared = false;
+    bool isClearing = false;
     bool isLeft = false; ///< one of the callbacks was called
 
     QList<VariableInputField*> fields;

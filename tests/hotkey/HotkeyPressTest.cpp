@@ -79,12 +79,17 @@ TEST_F(HotkeyPress, aCallbackMayReplaceItself) {
 }
 
 TEST_F(HotkeyPress, takesTwoTurnsToAClosureThatHopsAsTheStartOfTheProgramInstallsIt) {
-    int toggles = 0;
-    manager.onHotkeyPressed = [&] { MainQueue::async(nullptr, [&toggles] { ++toggles; }); };
+    QStringList steps;
+    manager.onHotkeyPressed = [&] {
+        steps << QStringLiteral("called");
+        MainQueue::async(nullptr, [&steps] { steps << QStringLiteral("toggled"); });
+    };
     std::ignore = desktop.press();
-    EXPECT_EQ(toggles, 0);
+    steps << QStringLiteral("handled");
+    MainQueue::async(nullptr, [&steps] { steps << QStringLiteral("end of the first turn"); });
     turn();
-    EXPECT_EQ(toggles, 1);
+    EXPECT_EQ(steps, (QStringList{QStringLiteral("handled"), QStringLiteral("called"),
+                                  QStringLiteral("end of the first turn"), QStringLiteral("toggled")}));
 }
 
 } // namespace

@@ -34,24 +34,40 @@ TEST_F(QuickAccessCopy, copyingPutsTheTextOnTheClipboardTellsItAndCloses) {
 }
 
 TEST_F(QuickAccessCopy, theStepsComeInTheirOrder) {
-    add(QStringLiteral("Plain"), QStringLiteral("text"));
+    add(QStringLiteral("letter b"), QStringLiteral("Dear {name}"));
+    add(QStringLiteral("letter a"), QStringLiteral("Dear {name}"));
     show();
-    type(QStringLiteral("pl"));
-    QStringList steps;
-    QObject::connect(&ToastManager::shared(), &ToastManager::messageChanged, view, [&] {
-        steps << QStringLiteral("toast, clipboard ") + clipboard() + QStringLiteral(", search ") + view->searchText();
-    });
-    QObject::connect(field(), &QLineEdit::textChanged, view,
-                     [&] { steps << QStringLiteral("search ") + field()->text(); });
+    type(QStringLiteral("let"));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(fillIn());
+    fillIn()->setVariableValue(QStringLiteral("name"), QStringLiteral("Ada"));
     FakeDesktop::shared().calls.clear();
     ToastManager::shared().show(QStringLiteral("earlier"), 0.1);
-    steps.clear();
-    press(Qt::Key_Return);
-    EXPECT_EQ(FakeDesktop::shared().callsOf(QStringLiteral("clipboard")).size(), 2); // cleared, then set
-    EXPECT_TRUE(FakeDesktop::shared().callsOf(QStringLiteral("clipboard")).first().contains(QStringLiteral("clear")));
-    ASSERT_EQ(steps.size(), 2);
-    EXPECT_EQ(steps[0], QStringLiteral("toast, clipboard text, search pl"));
-    EXPECT_EQ(steps[1], QStringLiteral("search "));
+    // At each step that can be heard: what was done by then.
+    QStringList steps;
+    const auto note = [&](const char* step) {
+        QStringList done{QString::fromLatin1(step)};
+        done << (clipboard() == QStringLiteral("Dear Ada") ? QStringLiteral("clipboard") : QString())
+             << (ToastManager::shared().message().startsWith(QStringLiteral("Copied")) ? QStringLiteral("toast")
+                                                                                       : QString())
+             << (view->showVariableSubstitution() ? QString() : QStringLiteral("sheet"))
+             << (view->pendingPrompt() ? QString() : QStringLiteral("pending"))
+             << (view->searchText().isEmpty() ? QStringLiteral("search") : QString())
+             << (view->selectedIndex() == 0 ? QStringLiteral("selection") : QString());
+        done.removeAll(QString());
+        steps << done.join(QLatin1Char(' '));
+    };
+    QObject::connect(&ToastManager::shared(), &ToastManager::messageChanged, view, [&] { note("[toast]"); });
+    QObject::connect(field(), &QLineEdit::textChanged, view, [&] { note("[search]"); });
+    onClose = [&] { note("[close]"); };
+    fillIn()->complete();
+    const QStringList clipboardCalls = FakeDesktop::shared().callsOf(QStringLiteral("clipboard"));
+    ASSERT_EQ(clipboardCalls.size(), 2); // cleared, then set
+    EXPECT_EQ(clipboardCalls[0], QStringLiteral("clipboard clear"));
+    EXPECT_EQ(steps, (QStringList{QStringLiteral("[toast] clipboard toast"),
+                                  QStringLiteral("[search] clipboard toast sheet pending search"),
+                                  QStringLiteral("[close] clipboard toast sheet pending search selection")}));
     EXPECT_EQ(closings, 1);
 }
 

@@ -24,6 +24,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace Quillstacks {
@@ -79,6 +80,8 @@ protected:
     void close() {
         ++closings;
         textAtClosing = FakeDesktop::shared().clipboardText;
+        if (onClose)
+            onClose();
         panel.hide();
     }
     [[nodiscard]] TextField* field() const { return view->searchRow()->field(); }
@@ -94,6 +97,7 @@ protected:
     QuickAccessView* view = nullptr;
     int closings = 0;
     QString textAtClosing;
+    std::function<void()> onClose;
 };
 
 } // namespace Quillstacks

@@ -4,7 +4,10 @@
 #include "interface/LazyList.h"
 #include "quickaccess/FillVariablesToggle.h"
 
+#include <QKeyEvent>
 #include <QScrollBar>
+
+#include <utility>
 
 namespace Quillstacks {
 namespace {
@@ -63,8 +66,17 @@ TEST_F(QuickAccessKeyboard, theArrowsDoNotReachTheField) {
     show();
     type(QStringLiteral("o"));
     field()->setCursorPosition(1);
-    press(Qt::Key_Up);
-    EXPECT_EQ(field()->cursorPosition(), 1);
+    ASSERT_EQ(view->results().size(), 3); // all bodies have an "o"
+    int expected = 0;
+    for (const auto& [key, step] :
+         {std::pair(Qt::Key_Down, 1), std::pair(Qt::Key_Down, 1), std::pair(Qt::Key_Up, -1)}) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        EXPECT_TRUE(QApplication::sendEvent(field(), &event));
+        EXPECT_TRUE(event.isAccepted());
+        expected += step;
+        EXPECT_EQ(view->selectedIndex(), expected);
+        EXPECT_EQ(field()->cursorPosition(), 1);
+    }
 }
 
 TEST_F(QuickAccessKeyboard, withNoResultsTheArrowsAndReturnDoNothing) {
@@ -163,6 +175,33 @@ TEST_F(QuickAccessKeyboard, underASheetTheFlagComesBackAndTheKeyboardStaysWithTh
     fillIn()->cancel();
     EXPECT_TRUE(field()->hasFocus());
     EXPECT_TRUE(view->isSearchFocused());
+}
+
+TEST_F(QuickAccessKeyboard, aSheetThatTheToggleOpenedGivesTheKeyboardToTheSearchField) {
+    add(QStringLiteral("letter"), QStringLiteral("{name}"));
+    show();
+    QTest::keyClick(field(), Qt::Key_Tab);
+    ASSERT_TRUE(view->toggle()->hasFocus());
+    QTest::keyClick(view->toggle(), Qt::Key_Return);
+    ASSERT_TRUE(fillIn());
+    clock.advance(200ms);
+    fillIn()->cancel();
+    EXPECT_TRUE(view->isSearchFocused());
+    EXPECT_TRUE(field()->hasFocus());
+}
+
+TEST_F(QuickAccessKeyboard, rowsAreMeasuredAtTheirWidthBeforeTheFirstShow) {
+    addThree();
+    view = new QuickAccessView(context, [] {});
+    panel.setRootView(view);
+    panel.resize(712, 552);
+    view->setGeometry(panel.rect());
+    view->appear();
+    const QRect before = view->resultList()->list()->rowGeometry(2);
+    panel.show();
+    QTest::qWait(0);
+    EXPECT_EQ(before, view->resultList()->list()->rowGeometry(2));
+    EXPECT_EQ(before.width(), 680 - 2 - 16);
 }
 
 TEST_F(QuickAccessKeyboard, theListFollowsTheSelectionIntoTheMiddle) {

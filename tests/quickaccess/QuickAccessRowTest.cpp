@@ -41,6 +41,8 @@ TEST_F(QuickAccessRowLook, aRowIsAsHighAsItsParts) {
     EXPECT_GT(twoLines, oneLine);
     EXPECT_EQ(manyLines, twoLines); // never more than two lines
     EXPECT_EQ(shortParagraphs, oneLine);
+    const int blanks = height(add(QStringLiteral("T"), QStringLiteral("a") + QString(900, QLatin1Char(' '))));
+    EXPECT_EQ(blanks, oneLine);
     const int tagged = height(add(QStringLiteral("T"), {}, {addTag(QStringLiteral("Mail"))}));
     EXPECT_GT(tagged, bare);
     const int full = height(add(QStringLiteral("T"), QStringLiteral("long ").repeated(100),

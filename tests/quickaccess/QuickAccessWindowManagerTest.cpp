@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QPropertyAnimation>
 #include <QScreen>
+#include <QWindow>
 
 namespace Quillstacks {
 namespace {
@@ -211,6 +212,22 @@ TEST_F(QuickAccessWindow, whatLiesBehindTheCardIsBlurred) {
     EXPECT_EQ(desktop().blurred[panel()], QRect(16, 16, 680, 520));
 }
 
+TEST_F(QuickAccessWindow, theBlurFollowsTheCard) {
+    desktop().setComposited(false);
+    toggle();
+    EXPECT_FALSE(desktop().blurred.contains(panel()));
+    desktop().setComposited(true);
+    EXPECT_EQ(desktop().blurred[panel()], QRect(16, 16, 680, 520));
+    panel()->resize(600, 400);
+    EXPECT_EQ(desktop().blurred[panel()], QRect(16, 16, 568, 368));
+}
+
+TEST_F(QuickAccessWindow, itsTitleIsForPeople) {
+    toggle();
+    EXPECT_EQ(panel()->windowTitle(), QStringLiteral("Quick access"));
+    EXPECT_EQ(panel()->windowRole(), QStringLiteral("quick-access"));
+}
+
 TEST_F(QuickAccessWindow, itClosesWhenTheProgramLosesTheActiveState) {
     toggle();
     ASSERT_TRUE(panel()->wasActive());
@@ -279,12 +296,13 @@ TEST_F(QuickAccessWindow, takingTheStoreAwayTakesThePanelAway) {
 TEST_F(QuickAccessWindow, itIsMovedByItsBackground) {
     toggle();
     const QPoint before = panel()->pos();
-    const QPoint grip(300, 552 - 16 - 22); // the footer, between the hints
-    QTest::mousePress(panel(), Qt::LeftButton, {}, grip);
-    QTest::mouseMove(panel(), grip + QPoint(40, 0));
-    QTest::mouseRelease(panel(), Qt::LeftButton);
-    // Offscreen there is no window manager to do it.
-    EXPECT_NE(panel()->pos(), before);
+    const QPoint grip(300, 552 - 16 - 22);      // the footer, between the hints
+    ASSERT_NE(panel()->childAt(grip), nullptr); // what lies there lets the mouse through
+    QWindow* window = panel()->windowHandle();
+    QTest::mousePress(window, Qt::LeftButton, {}, grip);
+    QTest::mouseMove(window, grip + QPoint(40, 0));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, grip);
+    EXPECT_EQ(panel()->pos(), before + QPoint(40, 0));
 }
 
 TEST_F(QuickAccessWindow, thereIsOneForTheWholeProgram) {

@@ -2,7 +2,11 @@
 
 #include "interface/Label.h"
 
+#include <QApplication>
+#include <QScrollBar>
 #include <QSignalSpy>
+#include <QTextBlock>
+#include <QTextLayout>
 
 namespace Quillstacks {
 namespace {
@@ -38,15 +42,28 @@ TEST_F(VariableSubstitution, fieldsStandInAlphabeticalOrder) {
 
 TEST_F(VariableSubstitution, theFirstFieldTakesTheKeyboardATenthOfASecondAfterAppearing) {
     auto* view = present(QStringLiteral("{b} {a}"));
-    field(view, b)->setFocus();
+    button(view, "cancelButton")->setFocus();
     clock.advance(99ms);
-    EXPECT_EQ(view->focusedField(), b);
+    EXPECT_FALSE(view->inputField(a)->isTextFieldFocused());
     clock.advance(1ms);
     EXPECT_EQ(view->focusedField(), a);
     EXPECT_TRUE(view->inputField(a)->isTextFieldFocused());
     field(view, b)->setFocus();
     clock.advance(1s); // once only
     EXPECT_EQ(view->focusedField(), b);
+}
+
+TEST_F(VariableSubstitution, whoGoesOnToAnotherFieldWithinThatTimeStaysThere) {
+    rememberValue(a, QStringLiteral("x"));
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return}) {
+        auto* view = present(QStringLiteral("{a} {b}"));
+        QTest::keyClick(QApplication::focusWidget(), key);
+        ASSERT_TRUE(view->inputField(b)->isTextFieldFocused());
+        clock.advance(100ms);
+        EXPECT_EQ(view->focusedField(), b);
+        EXPECT_TRUE(view->inputField(b)->isTextFieldFocused());
+        view->cancel();
+    }
 }
 
 TEST_F(VariableSubstitution, aFieldThatTakesTheKeyboardBecomesTheFocusedOne) {
@@ -181,6 +198,41 @@ TEST_F(VariableSubstitution, thePreviewShowsTheTextWithEmptyPlaceholdersGone) {
     EXPECT_EQ(preview->findChild<QTextEdit*>()->toPlainText(), QStringLiteral("Dear , {} { a }"));
     view->setVariableValue(a, QStringLiteral("Ada"));
     EXPECT_EQ(preview->findChild<QTextEdit*>()->toPlainText(), QStringLiteral("Dear Ada, {} { a }"));
+}
+
+TEST_F(VariableSubstitution, clearingWorksThePreviewOutOnce) {
+    auto* view = present(QStringLiteral("{a}{b}{c}"));
+    for (const auto* name : {u"a", u"b", u"c"})
+        view->setVariableValue(QString::fromUtf16(name), QStringLiteral("value"));
+    view->togglePreview();
+    auto* edit = view->findChild<QWidget*>(QStringLiteral("FilledTextPreview"))->findChild<QTextEdit*>();
+    QStringList texts;
+    QObject::connect(edit, &QTextEdit::textChanged, view, [&] {
+        if (texts.isEmpty() || texts.last() != edit->toPlainText())
+            texts << edit->toPlainText();
+    });
+    view->clear();
+    EXPECT_EQ(texts, QStringList{QString()});
+}
+
+TEST_F(VariableSubstitution, thePreviewStaysWhereItIsScrolledToWhileTheTextChanges) {
+    auto* view = present(QStringLiteral("line\n").repeated(2000) + QStringLiteral("{a}"));
+    view->togglePreview();
+    auto* preview = view->findChild<QWidget*>(QStringLiteral("FilledTextPreview"));
+    auto* edit = preview->findChild<QTextEdit*>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return edit->height() > 100 && edit->verticalScrollBar()->maximum() > 5000; }));
+    edit->verticalScrollBar()->setValue(5000);
+    view->setVariableValue(a, QStringLiteral("Ada"));
+    EXPECT_EQ(edit->verticalScrollBar()->value(), 5000);
+}
+
+TEST_F(VariableSubstitution, aLongTextsPreviewIsNotLaidOutToItsEnd) {
+    auto* view = present(QStringLiteral("some words of a line\n").repeated(100'000) + QStringLiteral("{a}"));
+    view->togglePreview();
+    auto* preview = view->findChild<QWidget*>(QStringLiteral("FilledTextPreview"));
+    const QTextDocument* document = preview->findChild<QTextEdit*>()->document();
+    EXPECT_GT(preview->sizeHint().height(), -1);
+    EXPECT_EQ(document->lastBlock().layout()->lineCount(), 0);
 }
 
 TEST_F(VariableSubstitution, theButtonShowsAndHidesThePreview) {
