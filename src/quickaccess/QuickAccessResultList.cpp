@@ -151,6 +151,10 @@ QStringList QuickAccessResultList::sectionTitles() const {
     return titles;
 }
 
+QString QuickAccessResultList::titleAt(int index) const {
+    return holds(index) ? QuickAccessRow::titleText(*results.at(index)) : QString();
+}
+
 QuickAccessRow* QuickAccessResultList::row(int index) const {
     return holds(index) ? qobject_cast<QuickAccessRow*>(rows->row(rowOf(index))) : nullptr;
 }

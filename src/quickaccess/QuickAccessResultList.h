@@ -26,6 +26,8 @@ public:
 
     /// The headings that are shown, from the top.
     [[nodiscard]] QStringList sectionTitles() const;
+    /// The title of a result as its row shows it; empty where there is none.
+    [[nodiscard]] QString titleAt(int index) const;
     /// The row of a result, or nullptr while it cannot be seen.
     [[nodiscard]] QuickAccessRow* row(int index) const;
     [[nodiscard]] LazyList* list() const { return rows; }

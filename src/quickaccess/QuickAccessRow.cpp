@@ -11,7 +11,6 @@
 #include "library/model/Prompt.h"
 #include "library/model/Tag.h"
 
-#include <QAccessible>
 #include <QPainter>
 
 #include <algorithm>
@@ -84,17 +83,11 @@ int QuickAccessRow::heightFor(const Prompt& prompt, int width, const Metrics& me
 
 void QuickAccessRow::setPrompt(const Prompt* prompt, bool isSelected) {
     const bool stateChanged = selected != isSelected;
-    const bool isNews = isSelected && (stateChanged || prompt != shownPrompt);
     shownPrompt = prompt;
     selected = isSelected;
     setAccessibleName(prompt ? titleText(*prompt) : QString());
     if (stateChanged)
         announceState(this);
-    // The keyboard stays in the search field, so assistive tools are told where the arrows have come to.
-    if (isNews && QAccessible::isActive()) {
-        QAccessibleEvent event(this, QAccessible::Selection);
-        QAccessible::updateAccessibility(&event);
-    }
     update();
 }
 

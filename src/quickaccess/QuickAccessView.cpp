@@ -80,6 +80,7 @@ void QuickAccessView::showResults(const QList<Prompt*>& shown) {
     empty->setVisible(shown.isEmpty());
     list->setVisible(!shown.isEmpty());
     list->setResults(shown, selection);
+    describeSelection();
 }
 
 void QuickAccessView::setSearchText(const QString& text) {
@@ -103,8 +104,16 @@ void QuickAccessView::setSelectedIndex(int index, int count) {
         return;
     selection = index;
     list->setSelectedIndex(index);
+    describeSelection();
     if (index >= 0 && index < count)
         list->follow(index);
+}
+
+// The keyboard stays in the search field, so that is where assistive tools hear what the arrows have come to.
+void QuickAccessView::describeSelection() {
+    const QString title = list->titleAt(selection);
+    if (title != searchBar->field()->accessibleDescription())
+        searchBar->field()->setAccessibleDescription(title);
 }
 
 void QuickAccessView::moveUp() {

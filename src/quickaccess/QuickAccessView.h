@@ -80,6 +80,7 @@ private:
     void refresh();
     void showResults(const QList<Prompt*>& results);
     void setSelectedIndex(int index, int count);
+    void describeSelection();
     void setSearchFocused(bool focused);
     [[nodiscard]] bool handleKey(int key);
     void choosePrompt(Prompt* prompt);

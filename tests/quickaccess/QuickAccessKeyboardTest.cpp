@@ -190,6 +190,18 @@ TEST_F(QuickAccessKeyboard, aSheetThatTheToggleOpenedGivesTheKeyboardToTheSearch
     EXPECT_TRUE(field()->hasFocus());
 }
 
+TEST_F(QuickAccessKeyboard, assistiveToolsHearInTheFieldWhichRowTheArrowsCameTo) {
+    addThree();
+    show();
+    EXPECT_EQ(field()->accessibleDescription(), QStringLiteral("three"));
+    press(Qt::Key_Down);
+    EXPECT_EQ(field()->accessibleDescription(), QStringLiteral("two"));
+    type(QStringLiteral("o"));
+    EXPECT_EQ(field()->accessibleDescription(), QStringLiteral("three"));
+    type(QStringLiteral("zzz"));
+    EXPECT_EQ(field()->accessibleDescription(), QString());
+}
+
 TEST_F(QuickAccessKeyboard, rowsAreMeasuredAtTheirWidthBeforeTheFirstShow) {
     addThree();
     view = new QuickAccessView(context, [] {});
