@@ -37,7 +37,10 @@ template <class Elements>
 std::string text(const Elements& elements) {
     std::string result;
     for (const auto& element : elements) {
-        result += (result.empty() ? "" : " ") + element.debugText();
+        if (!result.empty()) {
+            result += ' ';
+        }
+        result += element.debugText();
     }
     return result;
 }

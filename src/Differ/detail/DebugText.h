@@ -13,15 +13,26 @@ namespace Differ::detail {
         const Index digit = rest % 10;
         digits.insert(digits.begin(), static_cast<char>('0' + (digit < 0 ? -digit : digit)));
     }
-    return number < 0 ? "-" + digits : digits;
+    if (number < 0) {
+        digits.insert(digits.begin(), '-');
+    }
+    return digits;
 }
 
 [[nodiscard]] constexpr std::string debugText(char letter, Index at) {
-    return letter + ("(" + text(at) + ")");
+    std::string result{letter, '('};
+    result += text(at);
+    result += ')';
+    return result;
 }
 
 [[nodiscard]] constexpr std::string debugText(char letter, Index from, Index to) {
-    return letter + ("(" + text(from) + "," + text(to) + ")");
+    std::string result{letter, '('};
+    result += text(from);
+    result += ',';
+    result += text(to);
+    result += ')';
+    return result;
 }
 
 } // namespace Differ::detail
