@@ -15,8 +15,8 @@ endif()
 add_library(quillstacks_compiler INTERFACE)
 target_compile_options(quillstacks_compiler INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wunused
-  -Wold-style-cast -Wnull-dereference -Werror
-  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op -Wno-error=null-dereference -fpch-preprocess>)
+  -Wold-style-cast -Werror
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op -fpch-preprocess>)
 target_compile_definitions(quillstacks_compiler INTERFACE
   QT_NO_CAST_TO_ASCII QT_RESTRICTED_CAST_FROM_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS
   QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
