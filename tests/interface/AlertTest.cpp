@@ -60,6 +60,7 @@ TEST_F(AlertOf, returnDoesNotDestroyUnlessThatButtonHasTheKeyboard) {
 }
 
 TEST_F(AlertOf, cancelShowsItsRingWhereAKeyOpenedTheAlert) {
+    const Button control(QStringLiteral("Any")); // the first control of a program begins to watch the input
     press(Qt::Key_Delete);
     Sheet* sheet = show(true);
     EXPECT_TRUE(FocusRing::isShownFor(button(sheet, QStringLiteral("Cancel"))));
