@@ -2,7 +2,7 @@
 
 #include "hotkey/HotkeyPreferences.h"
 #include "interface/AppearanceMode.h"
-#include "library/LibraryPreferences.h"
+#include "library/versions/VersionPreferences.h"
 #include "support/TestPreferences.h"
 #include "upkeep/DataMigrationManager.h"
 #include "upkeep/PreferencesMigrationManager.h"

@@ -1,4 +1,4 @@
-#include "library/LibraryPreferences.h"
+#include "library/versions/VersionPreferences.h"
 
 namespace Quillstacks {
 

@@ -1,4 +1,4 @@
-#include "library/PromptVersionManager.h"
+#include "library/versions/PromptVersionManager.h"
 
 #include "foundation/Clock.h"
 #include "foundation/ManualClock.h"
