@@ -37,11 +37,15 @@ void QuickAccessView::connectParts() {
         part->installEventFilter(this);
     connect(list, &QuickAccessResultList::clicked, this, &QuickAccessView::choose);
     connect(&prompts, &LiveQueryBase::changed, this, [this] {
+        list->forgetHeights();
         // A view that was built ahead takes the library as it is when it appears.
+        isPrepared = false;
         if (hasAppeared)
             refresh();
     });
     connect(&Theme::shared(), &Theme::changed, this, [this] {
+        list->forgetHeights();
+        isPrepared = false;
         placeParts();
         update();
         if (hasAppeared)

@@ -124,11 +124,20 @@ int QuickAccessResultList::rowOf(int index) const {
     return index < pinnedCount ? index + 1 : index + 2;
 }
 
-int QuickAccessResultList::heightOf(int at, int width) const {
+int QuickAccessResultList::heightOf(int at, int width) {
     const Item item = itemAt(at);
     if (item.kind == headerKind)
         return headerHeights[item.index];
-    return QuickAccessRow::heightFor(*results.at(item.index), width, rowMetrics);
+    if (width != std::exchange(heightsWidth, width))
+        heights.clear();
+    const Prompt* prompt = results.at(item.index);
+    const auto kept = heights.constFind(prompt);
+    return kept != heights.constEnd() ? *kept
+                                      : *heights.insert(prompt, QuickAccessRow::heightFor(*prompt, width, rowMetrics));
+}
+
+void QuickAccessResultList::forgetHeights() {
+    heights.clear();
 }
 
 void QuickAccessResultList::bind(QWidget* widget, int at) {

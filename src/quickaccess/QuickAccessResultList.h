@@ -2,6 +2,7 @@
 
 #include "quickaccess/QuickAccessRow.h"
 
+#include <QHash>
 #include <QList>
 #include <QStringList>
 #include <QWidget>
@@ -20,6 +21,8 @@ public:
     /// The results, pinned ones first.
     void setResults(const QList<Prompt*>& results, int selectedIndex);
     void setSelectedIndex(int index);
+    /// The heights of rows are kept from one search to the next; to be called when a prompt or the look has changed.
+    void forgetHeights();
     /// Scrolls the row of a result into the middle, in 200 ms.
     void follow(int index);
     void scrollToTop();
@@ -49,7 +52,7 @@ private:
     void placeFade();
     void takeMetrics();
     void settle();
-    [[nodiscard]] int heightOf(int at, int width) const;
+    [[nodiscard]] int heightOf(int at, int width);
     [[nodiscard]] int headerCount() const { return pinnedCount == 0 ? 0 : pinnedCount == results.size() ? 1 : 2; }
     [[nodiscard]] Item itemAt(int at) const;
     [[nodiscard]] int rowOf(int index) const;
@@ -61,6 +64,8 @@ private:
     int selected = 0;
     QuickAccessRow::Metrics rowMetrics;
     int headerHeights[2] = {0, 0}; ///< by section
+    QHash<const Prompt*, int> heights;
+    int heightsWidth = 0; ///< the width that they hold for
 };
 
 } // namespace Quillstacks

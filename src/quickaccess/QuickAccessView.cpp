@@ -33,7 +33,7 @@ QList<Prompt*> filtered(QList<Prompt*> prompts, bool pinned) {
 } // namespace
 
 QuickAccessView::QuickAccessView(ModelContext& context, std::function<void()> dismiss, QWidget* parent)
-    : QWidget(parent), prompts(context), close(std::move(dismiss)) {
+    : QWidget(parent), modelContext(context), prompts(context), close(std::move(dismiss)) {
     setObjectName(QStringLiteral("QuickAccessView"));
     setAccessibleName(QStringLiteral("Quick access"));
     build();
@@ -60,13 +60,23 @@ QString QuickAccessView::emptyText() const {
     return search.isEmpty() ? QStringLiteral("Start typing to search") : QStringLiteral("No prompts found");
 }
 
+void QuickAccessView::prepare() {
+    placeParts(); // before its rows are measured, which takes a width
+    refresh();
+    isPrepared = true;
+}
+
 void QuickAccessView::appear() {
+    modelContext.processPendingChanges();
     hasAppeared = true;
     search.clear();
     searchBar->field()->setText(QString());
     selection = 0;
-    placeParts(); // before its rows are measured, which takes a width
-    refresh();
+    if (isPrepared)
+        placeParts();
+    else
+        prepare();
+    isPrepared = false;
     list->scrollToTop();
     MainQueue::async(this, [this] { setSearchFocused(true); });
 }

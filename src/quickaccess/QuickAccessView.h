@@ -47,6 +47,8 @@ public:
     /// The line that stands in for the list while results() is empty.
     [[nodiscard]] QString emptyText() const;
 
+    /// Measures and fills the list ahead, while nobody waits, for an appear() that finds the library as it is now.
+    void prepare();
     /// Starts anew: no search text, the first row selected, and on the next turn the keyboard for the search field.
     void appear();
     void moveUp();
@@ -87,6 +89,7 @@ private:
     void fillIn(Prompt* prompt, const QStringList& variables);
     void copy(const QString& text, const QString& title);
 
+    ModelContext& modelContext;
     PromptQuery prompts;
     std::function<void()> close;
     QString search;
@@ -95,6 +98,7 @@ private:
     bool sheetShown = false;
     Prompt* pending = nullptr;
     bool hasAppeared = false;
+    bool isPrepared = false; ///< the list shows the library as it is, unsearched
 
     QuickAccessSearchRow* searchBar = nullptr;
     QuickAccessResultList* list = nullptr;

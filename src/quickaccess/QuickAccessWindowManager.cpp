@@ -87,6 +87,9 @@ void QuickAccessWindowManager::prepare() {
     }
     if (!isRootFresh)
         renewRootView();
+    panel->setGeometry(panelFrame());
+    panel->rootView()->setGeometry(panel->rect()); // a panel that is hidden passes its size on only when it is shown
+    panel->rootView()->prepare();
 }
 
 void QuickAccessWindowManager::show() {

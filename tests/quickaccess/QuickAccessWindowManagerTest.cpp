@@ -99,6 +99,30 @@ TEST_F(QuickAccessWindow, thePreparedViewIsTheOneThatIsShown) {
     EXPECT_EQ(view(), prepared);
 }
 
+TEST_F(QuickAccessWindow, aPreparedViewShowsWhatChangedBeforeThePress) {
+    Prompt* prompt = add(QStringLiteral("letter"), QStringLiteral("short"));
+    manager.prepare();
+    prompt->setBody(QStringLiteral("word ").repeated(200));
+    prompt->setTitle(QStringLiteral("renamed"));
+    toggle();
+    ASSERT_TRUE(view()->resultList()->row(0));
+    EXPECT_EQ(view()->resultList()->titleAt(0), QStringLiteral("renamed"));
+    const auto metrics = QuickAccessRow::Metrics::current();
+    const QuickAccessRow* row = view()->resultList()->row(0);
+    EXPECT_EQ(row->height(), QuickAccessRow::heightFor(*prompt, row->width(), metrics));
+}
+
+TEST_F(QuickAccessWindow, aRowGrowsWithItsBodyWhileThePanelIsOpen) {
+    Prompt* prompt = add(QStringLiteral("letter"), QStringLiteral("short"));
+    toggle();
+    ASSERT_TRUE(view()->resultList()->row(0));
+    const int before = view()->resultList()->row(0)->height();
+    prompt->setBody(QStringLiteral("word ").repeated(200));
+    context.processPendingChanges();
+    ASSERT_TRUE(view()->resultList()->row(0));
+    EXPECT_EQ(view()->resultList()->row(0)->height(), before + QuickAccessRow::Metrics::current().bodyLine);
+}
+
 TEST_F(QuickAccessWindow, aFillInSheetThatWasOpenIsGoneWithTheNextShow) {
     add(QStringLiteral("letter"), QStringLiteral("{name}"));
     toggle();

@@ -30,7 +30,10 @@ Registry& registry() {
 void deliver(HotKeyRef hotKey, quint32 time) {
     Registry& all = registry();
     all.lastTime = time;
-    const Event event{.hotKeyID = all.hotKeys[hotKey], .time = time};
+    const auto found = all.hotKeys.find(hotKey);
+    if (found == all.hotKeys.end())
+        return; // unregistered while its press was on the way
+    const Event event{.hotKeyID = found->second, .time = time};
     // The newest first, on a copy: a handler may remove itself.
     const auto handlers = all.handlers;
     for (auto handler = handlers.rbegin(); handler != handlers.rend(); ++handler)

@@ -5,6 +5,10 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
 
 namespace Quillstacks::X11 {
 
@@ -31,9 +35,13 @@ xcb_atom_t atom(const char* name) {
     auto* server = connection();
     if (!server)
         return XCB_ATOM_NONE;
+    // Asking takes a round trip, and an atom stays what it is for as long as the server runs.
+    static std::map<std::string, xcb_atom_t, std::less<>> known;
+    if (const auto found = known.find(std::string_view(name)); found != known.end())
+        return found->second;
     const auto cookie = xcb_intern_atom(server, 0, static_cast<uint16_t>(std::strlen(name)), name);
     const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, cookie, nullptr), &std::free);
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return reply ? known.emplace(name, reply->atom).first->second : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 xcb_window_t selectionOwner(xcb_atom_t selection) {

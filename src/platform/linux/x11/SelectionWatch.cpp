@@ -22,6 +22,7 @@ SelectionWatch::SelectionWatch(const char* name, QObject* parent) : QObject(pare
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
     xcb_flush(server);
+    owner = selectionOwner(selection); // only now: what becomes of it later is told
     notifyEvent = static_cast<uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
@@ -29,7 +30,7 @@ SelectionWatch::SelectionWatch(const char* name, QObject* parent) : QObject(pare
 SelectionWatch::~SelectionWatch() = default;
 
 bool SelectionWatch::isOwned() const {
-    return selectionOwner(selection) != XCB_WINDOW_NONE;
+    return (notifyEvent != 0 ? owner : selectionOwner(selection)) != XCB_WINDOW_NONE;
 }
 
 bool SelectionWatch::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/) {
@@ -40,8 +41,11 @@ bool SelectionWatch::nativeEventFilter(const QByteArray& eventType, void* messag
         return false;
     const auto* notice = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
     // The toolkit watches some selections as well, for windows of its own, and its notices pass here too.
-    if (notice->selection == selection && notice->window == root())
+    if (notice->selection == selection && notice->window == root()) {
+        const bool isTaken = notice->subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER;
+        owner = isTaken ? notice->owner : xcb_window_t{XCB_WINDOW_NONE};
         Q_EMIT changed();
+    }
     return false;
 }
 

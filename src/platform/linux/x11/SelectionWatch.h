@@ -23,6 +23,7 @@ Q_SIGNALS:
 
 private:
     xcb_atom_t selection = XCB_ATOM_NONE;
+    xcb_window_t owner = XCB_WINDOW_NONE; ///< as told; asking for it takes a round trip
     uint8_t notifyEvent = 0; ///< 0: not watching
 };
 
