@@ -4,7 +4,9 @@
 #include "interface/Composition.h"
 #include "interface/TextField.h"
 #include "library/PromptEditorView.h"
+#include "PromptPanelColumn.h"
 #include "PromptTextEditor.h"
+#include "variables/VariablesPreviewView.h"
 
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -16,9 +18,17 @@ namespace {
 constexpr QSize smallestSize(1100, 720);
 constexpr QSize idealSize(1160, 860);
 constexpr int sidePadding = 24;
-constexpr int columnMinimumWidth = 400;
+constexpr int columnGap = 20;
+constexpr int partGap = 16;
 constexpr int bodyMinimumHeight = 360;
 constexpr int footerHeight = 70;
+
+/// Title, tags and body.
+class BodyColumn final : public QWidget {
+public:
+    explicit BodyColumn(QWidget* parent) : QWidget(parent) { setMinimumWidth(400); }
+    [[nodiscard]] QSize sizeHint() const override { return {600, QWidget::sizeHint().height()}; }
+};
 
 } // namespace
 
@@ -34,24 +44,35 @@ QSize PromptEditorView::sizeHint() const {
 }
 
 void PromptEditorView::build() {
-    auto* column = new QWidget(this);
-    column->setMinimumWidth(columnMinimumWidth);
-    auto* columnLayout = new QVBoxLayout(column);
-    columnLayout->setContentsMargins(0, 0, 0, 0);
-    columnLayout->setSpacing(16);
-    columnLayout->addLayout(buildTitleRow());
-    bodyEditor = new PromptTextEditor(column);
-    bodyEditor->setMinimumHeight(bodyMinimumHeight);
-    columnLayout->addWidget(bodyEditor, 1);
-
     auto* columns = new QHBoxLayout;
     columns->setContentsMargins(sidePadding, 20, sidePadding, 0);
-    columns->addWidget(column, 1);
+    columns->setSpacing(columnGap);
+    columns->addWidget(buildBodyColumn(), 1);
+    columns->addWidget(buildPanels());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(columns, 1);
     layout->addLayout(buildFooter());
+}
+
+QWidget* PromptEditorView::buildBodyColumn() {
+    auto* column = new BodyColumn(this);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(partGap);
+    layout->addLayout(buildTitleRow());
+    bodyEditor = new PromptTextEditor(column);
+    bodyEditor->setMinimumHeight(bodyMinimumHeight);
+    layout->addWidget(bodyEditor, 1);
+    return column;
+}
+
+QWidget* PromptEditorView::buildPanels() {
+    variablesPreview = new VariablesPreviewView(this);
+    panels = new PromptPanelColumn(this);
+    panels->setVariablesPanel(variablesPreview);
+    return panels;
 }
 
 QLayout* PromptEditorView::buildTitleRow() {
@@ -90,6 +111,8 @@ void PromptEditorView::connectParts() {
         refreshControls();
     });
     connect(bodyEditor, &PromptTextEditor::textChanged, this, &PromptEditorView::refreshControls);
+    connect(variablesPreview, &VariablesPreviewView::collapsedChanged, panels,
+            &PromptPanelColumn::setVariablesCollapsed);
     connect(copyButton, &QAbstractButton::clicked, this, &PromptEditorView::copyPrompt);
     connect(deleteButton, &QAbstractButton::clicked, this, &PromptEditorView::askToDelete);
     connect(cancelButton, &QAbstractButton::clicked, this, &PromptEditorView::cancel);
@@ -101,7 +124,8 @@ void PromptEditorView::connectParts() {
 }
 
 void PromptEditorView::refreshControls() {
-    const bool hasBody = canCopy();
+    const QString body = editorBody();
+    const bool hasBody = !Text::isBlank(body);
     const bool savable = hasBody && !Text::isBlank(titleText);
     copyButton->setVisible(prompt);
     copyButton->setEnabled(hasBody);
@@ -109,6 +133,7 @@ void PromptEditorView::refreshControls() {
     saveButton->setTitle(prompt ? QStringLiteral("Save") : QStringLiteral("Create"));
     saveButton->setEnabled(savable);
     saveKey->setEnabled(savable);
+    variablesPreview->setText(body);
 }
 
 } // namespace Quillstacks

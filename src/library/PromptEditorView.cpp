@@ -9,10 +9,12 @@
 #include "library/ClipboardStep.h"
 #include "library/versions/PromptVersionManager.h"
 #include "library/versions/VersionPreferences.h"
+#include "PromptPanelColumn.h"
 #include "PromptTextEditor.h"
 #include "variables/engine/VariableEngine.h"
 #include "variables/FillInFlow.h"
 #include "variables/VariablePreferences.h"
+#include "variables/VariablesPreviewView.h"
 
 #include <QSignalBlocker>
 
@@ -56,6 +58,15 @@ void PromptEditorView::setEditorBody(const QString& body) {
 
 void PromptEditorView::setSelectedTags(const QSet<Tag*>& tags) {
     tickedTags = tags;
+}
+
+bool PromptEditorView::isVariablesCollapsed() const {
+    return variablesPreview->isCollapsed();
+}
+
+void PromptEditorView::setVariablesCollapsed(bool collapsed) {
+    variablesPreview->setCollapsed(collapsed);
+    panels->setVariablesCollapsed(collapsed);
 }
 
 bool PromptEditorView::canSave() const {
@@ -147,13 +158,14 @@ void PromptEditorView::saveContext(const QString& operation, const QString& succ
 void PromptEditorView::copyPrompt() {
     commitCompositions();
     const QString body = editorBody();
-    if (extractVariables(body).isEmpty() || !enableVariableSubstitutionPreference().value()) {
+    const QStringList variables = extractVariables(body);
+    if (variables.isEmpty() || !enableVariableSubstitutionPreference().value()) {
         putOnClipboard(body);
         return;
     }
     showingVariableSubstitution = true;
     presentFillIn(
-        this, titleText, body, [this](const QString& filled) { putOnClipboard(filled); },
+        this, titleText, body, variables, [this](const QString& filled) { putOnClipboard(filled); },
         [this] { showingVariableSubstitution = false; });
 }
 

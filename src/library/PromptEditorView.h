@@ -15,8 +15,10 @@ namespace Quillstacks {
 
 class Button;
 class Composition;
+class PromptPanelColumn;
 class PromptTextEditor;
 class TextField;
+class VariablesPreviewView;
 
 /// The sheet in which a prompt is made or edited. Nothing reaches the store before savePrompt() or deletePrompt().
 class PromptEditorView final : public QWidget {
@@ -35,9 +37,11 @@ public:
     [[nodiscard]] Prompt* editingPrompt() const { return prompt; }
     [[nodiscard]] bool isShowingDeleteAlert() const { return showingDeleteAlert; }
     [[nodiscard]] bool showVariableSubstitution() const { return showingVariableSubstitution; }
+    [[nodiscard]] bool isVariablesCollapsed() const;
     void setTitle(const QString& title);
     void setEditorBody(const QString& body);
     void setSelectedTags(const QSet<Tag*>& tags);
+    void setVariablesCollapsed(bool collapsed);
 
     // Derived
     [[nodiscard]] bool canSave() const;
@@ -65,7 +69,9 @@ Q_SIGNALS:
 
 private:
     void build();
+    [[nodiscard]] QWidget* buildBodyColumn();
     [[nodiscard]] QLayout* buildTitleRow();
+    [[nodiscard]] QWidget* buildPanels();
     [[nodiscard]] QLayout* buildFooter();
     void connectParts();
     void refreshControls();
@@ -91,6 +97,8 @@ private:
     TextField* titleField = nullptr;
     Composition* titleComposition = nullptr;
     PromptTextEditor* bodyEditor = nullptr;
+    VariablesPreviewView* variablesPreview = nullptr;
+    PromptPanelColumn* panels = nullptr;
     Button* copyButton = nullptr;
     Button* deleteButton = nullptr;
     Button* cancelButton = nullptr;

@@ -21,6 +21,7 @@ constexpr int headerInset = 4;
 constexpr int headerHeight = 36;
 constexpr int symbolSize = 16;
 constexpr int padding = 12;
+constexpr int wholeHeaderHeight = headerHeight + 2 * headerInset;
 
 } // namespace
 
@@ -45,15 +46,16 @@ VariablesPreviewView::VariablesPreviewView(QWidget* parent) : QWidget(parent) {
     inner->addStretch();
     auto* scroll = new ScrollArea;
     scroll->setContent(content);
+    scroll->setMinimumHeight(1); // it is squeezed away while the panel folds
     area = scroll;
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     auto* headerHost = new QWidget;
-    headerHost->setFixedHeight(headerHeight + 2 * headerInset);
+    headerHost->setFixedHeight(wholeHeaderHeight);
     headerHost->setLayout(header);
-    column->addWidget(headerHost);
+    column->addWidget(headerHost, 0, Qt::AlignTop);
     column->addWidget(area, 1);
     refresh();
 }
@@ -74,11 +76,29 @@ void VariablesPreviewView::setCollapsed(bool isCollapsed) {
 void VariablesPreviewView::refresh() {
     collapseButton->setSymbol(collapsed ? QStringLiteral("chevron.down") : QStringLiteral("chevron.up"));
     collapseButton->setHelp(collapsed ? QStringLiteral("Expand Variables") : QStringLiteral("Collapse Variables"));
-    area->setVisible(!collapsed);
+    showArea();
+    updateGeometry();
     if (collapsed || isListCurrent)
         return;
     list->setVariables(extractVariables(body));
     isListCurrent = true;
+}
+
+// A list that folds stays until nothing is left of its room.
+void VariablesPreviewView::showArea() {
+    area->setVisible(!collapsed || (isVisible() && height() > wholeHeaderHeight));
+}
+
+void VariablesPreviewView::resizeEvent(QResizeEvent*) {
+    showArea();
+}
+
+QSize VariablesPreviewView::sizeHint() const {
+    return {QWidget::sizeHint().width(), collapsed ? wholeHeaderHeight : QWidget::sizeHint().height()};
+}
+
+QSize VariablesPreviewView::minimumSizeHint() const {
+    return {QWidget::minimumSizeHint().width(), wholeHeaderHeight + (collapsed ? 0 : 1)};
 }
 
 void VariablesPreviewView::paintEvent(QPaintEvent*) {

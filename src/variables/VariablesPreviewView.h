@@ -21,15 +21,21 @@ public:
     void setCollapsed(bool collapsed);
     [[nodiscard]] bool isCollapsed() const { return collapsed; }
 
+    /// While collapsed, the header's.
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     /// The button was pressed; whoever lays the panel out gives it its room within 200 ms.
     void collapsedChanged(bool collapsed);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void refresh();
+    void showArea();
 
     QString body;
     bool collapsed = false;
