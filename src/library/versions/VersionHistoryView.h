@@ -69,11 +69,10 @@ protected:
 
 private:
     void build();
-    [[nodiscard]] QBoxLayout* buildList();
+    [[nodiscard]] QWidget* buildList();
     [[nodiscard]] QBoxLayout* buildDetail();
     [[nodiscard]] QBoxLayout* buildDetailHeader();
     [[nodiscard]] QBoxLayout* buildFooter();
-    [[nodiscard]] QWidget* buildEmptyState();
     void connectParts();
     void contextChanged(const ChangeSet& changes);
     void readVersions();

@@ -1,0 +1,98 @@
+#include "ReadOnlyText.h"
+
+#include "interface/FocusRing.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QResizeEvent>
+#include <QTextBlock>
+#include <QTextFrame>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Quillstacks {
+namespace {
+
+/// Higher than the room that there ever is; to know more of a long text would take long.
+constexpr int greatestHeight = 1200;
+constexpr int smallestWidth = 60;
+
+} // namespace
+
+ReadOnlyText::ReadOnlyText(const QString& accessibleName, const Shape& textShape, QWidget* parent)
+    : PlainTextEdit(parent), shape(textShape) {
+    setAccessibleName(accessibleName);
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+    FocusRing::attach(this, shape.radius);
+    QTextFrameFormat frame = document()->rootFrame()->frameFormat();
+    frame.setLeftMargin(shape.padding.left());
+    frame.setTopMargin(shape.padding.top());
+    frame.setRightMargin(shape.padding.right());
+    frame.setBottomMargin(shape.padding.bottom());
+    document()->rootFrame()->setFrameFormat(frame);
+    ReadOnlyText::refresh();
+}
+
+void ReadOnlyText::setContent(const QString& text) {
+    if (text == shownText)
+        return;
+    shownText = text;
+    setText(text);
+    contentChanged();
+}
+
+void ReadOnlyText::contentChanged() {
+    toldHeight = wantedHeight();
+    updateGeometry();
+}
+
+void ReadOnlyText::refresh() {
+    setLineFormat(textFont(shape.style), textLineHeight(shape.style) + shape.leading);
+    contentChanged();
+}
+
+int ReadOnlyText::heightOfLines(int lines) const {
+    return lines * lineHeight() + shape.padding.top() + shape.padding.bottom();
+}
+
+// Paragraph by paragraph, and no further than asked.
+int ReadOnlyText::laidOutHeight(int enough) const {
+    const QAbstractTextDocumentLayout* layout = document()->documentLayout();
+    qreal bottom = 0;
+    for (QTextBlock block = document()->begin(); block.isValid() && bottom < enough; block = block.next())
+        bottom = layout->blockBoundingRect(block).bottom();
+    return static_cast<int>(std::ceil(bottom)) + shape.padding.bottom();
+}
+
+int ReadOnlyText::wantedHeight() const {
+    const int most = shape.maximumLines > 0 ? heightOfLines(shape.maximumLines) : greatestHeight;
+    return std::clamp(laidOutHeight(most), heightOfLines(1), most);
+}
+
+QSize ReadOnlyText::sizeHint() const {
+    return {4 * smallestWidth, toldHeight};
+}
+
+QSize ReadOnlyText::minimumSizeHint() const {
+    return {smallestWidth, std::min(toldHeight, heightOfLines(shape.minimumLines))};
+}
+
+void ReadOnlyText::grow() {
+    const int wanted = wantedHeight();
+    if (std::exchange(toldHeight, wanted) != wanted)
+        updateGeometry();
+}
+
+void ReadOnlyText::resizeEvent(QResizeEvent* event) {
+    PlainTextEdit::resizeEvent(event);
+    if (event->oldSize().width() != event->size().width())
+        grow();
+}
+
+} // namespace Quillstacks
