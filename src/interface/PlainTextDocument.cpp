@@ -60,39 +60,28 @@ void insertPieces(QTextCursor& cursor, const QString& text, const QTextCharForma
     flush(text.size());
 }
 
-/// Calls `piece(documentLength, text)` for each run of the document in turn: plain text, a separator or an object.
+/// An object's position keeps its format when a character is typed behind it, but for the type of object.
+bool standsForText(const QTextCharFormat& format) {
+    return format.objectType() != QTextFormat::NoObject && format.hasProperty(textProperty);
+}
+
+/// The pieces of a block that holds objects, between two positions within.
 template <typename Piece>
-void forEachPiece(const QTextDocument& document, int from, int to, Piece piece) {
-    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to; block = block.next()) {
-        if (block.position() > from)
-            piece(1, separatorBefore(block));
-        if (block.position() + block.length() <= from)
+void forEachFragment(const QTextBlock& block, const QString& whole, int start, int end, const Piece& piece) {
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        const int first = std::max(fragment.position() - block.position(), start);
+        const int last = std::min(fragment.position() + fragment.length() - block.position(), end);
+        if (first >= last)
             continue;
-        const QString whole = block.text();
-        const int start = std::max(from - block.position(), 0);
-        const int end = std::min(to - block.position(), static_cast<int>(whole.size()));
-        if (start >= end)
-            continue;
-        if (whole.indexOf(QChar::ObjectReplacementCharacter, start) < 0) {
-            piece(end - start, whole.mid(start, end - start));
+        const QTextCharFormat format = fragment.charFormat();
+        if (!standsForText(format)) {
+            piece(last - first, whole.mid(first, last - first));
             continue;
         }
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment fragment = it.fragment();
-            const int first = std::max(fragment.position() - block.position(), start);
-            const int last = std::min(fragment.position() + fragment.length() - block.position(), end);
-            if (first >= last)
-                continue;
-            const QTextCharFormat format = fragment.charFormat();
-            const QString part = whole.mid(first, last - first);
-            if (!format.hasProperty(textProperty) || !part.contains(QChar::ObjectReplacementCharacter)) {
-                piece(last - first, part);
-                continue;
-            }
-            for (const QChar unit : part)
-                piece(1,
-                      unit == QChar::ObjectReplacementCharacter ? format.stringProperty(textProperty) : QString(unit));
-        }
+        for (int i = first; i < last; ++i)
+            piece(1, whole[i] == QChar::ObjectReplacementCharacter ? format.stringProperty(textProperty)
+                                                                   : QString(whole[i]));
     }
 }
 
@@ -142,6 +131,25 @@ void insertObject(QTextCursor& cursor, int objectType, const QString& text, QTex
     format.setProperty(textProperty, text);
     format.clearProperty(separatorProperty);
     cursor.insertText(QString(QChar::ObjectReplacementCharacter), format);
+}
+
+void forEachPiece(const QTextDocument& document, int from, int to,
+                  const std::function<void(int positions, const QString& text)>& piece) {
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to; block = block.next()) {
+        if (block.position() > from)
+            piece(1, separatorBefore(block));
+        if (block.position() + block.length() <= from)
+            continue;
+        const QString whole = block.text();
+        const int start = std::max(from - block.position(), 0);
+        const int end = std::min(to - block.position(), static_cast<int>(whole.size()));
+        if (start >= end)
+            continue;
+        if (whole.indexOf(QChar::ObjectReplacementCharacter, start) < 0)
+            piece(end - start, whole.mid(start, end - start));
+        else
+            forEachFragment(block, whole, start, end, piece);
+    }
 }
 
 QString separatorBefore(const QTextBlock& block) {

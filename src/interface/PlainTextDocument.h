@@ -3,6 +3,8 @@
 #include <QString>
 #include <QTextCharFormat>
 
+#include <functional>
+
 class QTextBlock;
 class QTextCursor;
 class QTextDocument;
@@ -34,6 +36,10 @@ void insert(QTextCursor& cursor, const QString& text);
 void insertObject(QTextCursor& cursor, int objectType, const QString& text, QTextCharFormat format = {});
 /// What separates a paragraph from the one before it; empty for the first.
 [[nodiscard]] QString separatorBefore(const QTextBlock& block);
+/// Calls `piece(positions, text)` for each run between two positions in turn: plain text, a separator or an object. A
+/// piece whose text is longer than its positions is a single one.
+void forEachPiece(const QTextDocument& document, int from, int to,
+                  const std::function<void(int positions, const QString& text)>& piece);
 /// A position of the document as one of its text, and back; they differ after objects and two-unit separators.
 [[nodiscard]] qsizetype textPosition(const QTextDocument& document, int position);
 [[nodiscard]] int documentPosition(const QTextDocument& document, qsizetype textPosition);

@@ -115,6 +115,7 @@ void PlainTextEdit::inputMethodEvent(QInputMethodEvent* event) {
         return;
     }
     QInputMethodEvent withoutCommit(event->preeditString(), event->attributes());
+    withoutCommit.setCommitString({}, event->replacementStart(), event->replacementLength());
     QTextEdit::inputMethodEvent(&withoutCommit);
     insertText(committed);
     event->accept();
