@@ -7,7 +7,7 @@
 
 namespace Quillstacks {
 
-EdgeFade::EdgeFade(ColorRole role, QWidget* parent) : QWidget(parent), ground(role) {
+EdgeFade::EdgeFade(ColorRole role, QWidget* parent, Edge fadedEdge) : QWidget(parent), ground(role), edge(fadedEdge) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     connect(&Theme::shared(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
@@ -19,6 +19,10 @@ void EdgeFade::setColor(const QColor& color) {
 
 void EdgeFade::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    if (edge == Edge::top) {
+        painter.translate(0, height());
+        painter.scale(1, -1);
+    }
     paintFade(painter, rect(), fixedColor.isValid() ? fixedColor : Theme::shared().color(ground));
 }
 

@@ -10,7 +10,9 @@ namespace Quillstacks {
 class EdgeFade final : public QWidget {
     Q_OBJECT
 public:
-    EdgeFade(ColorRole ground, QWidget* parent);
+    /// The edge at which everything has faded into the ground.
+    enum class Edge { top, bottom };
+    EdgeFade(ColorRole ground, QWidget* parent, Edge edge = Edge::bottom);
     /// In place of the role, for grounds that are a mixture.
     void setColor(const QColor& color);
 
@@ -19,6 +21,7 @@ protected:
 
 private:
     ColorRole ground;
+    Edge edge;
     QColor fixedColor;
 };
 

@@ -11,8 +11,9 @@
 namespace Quillstacks {
 
 IconButton::IconButton(const QString& symbol, const QString& help, Size side, QWidget* parent)
-    : QAbstractButton(parent), symbolName(symbol), size(side), symbolSize(side == Size::regular ? 18 : 16),
-      hover(this) {
+    : QAbstractButton(parent), symbolName(symbol), size(side), symbolSize(side == Size::regular ? 18 : 16), hover(this),
+      newSymbol(this) {
+    newSymbol.jump(1);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setHelp(help);
@@ -24,7 +25,25 @@ void IconButton::setSymbol(const QString& name) {
     if (symbolName == name)
         return;
     symbolName = name;
+    newSymbol.jump(1);
     update();
+}
+
+void IconButton::changeSymbol(const QString& name) {
+    if (symbolName == name)
+        return;
+    oldSymbol = symbolName;
+    symbolName = name;
+    newSymbol.jump(0);
+    newSymbol.to(1);
+}
+
+QColor IconButton::symbolColor() const {
+    const Theme& theme = Theme::shared();
+    const qreal over = hover.value();
+    const QColor rest = theme.color(colorRole.value_or(ColorRole::text2));
+    const QColor color = colorRole ? rest : mix(rest, theme.color(ColorRole::text), over);
+    return withOpacity(color, color.alphaF() * (restOpacity + (1 - restOpacity) * over));
 }
 
 void IconButton::setSymbolSize(qreal points) {
@@ -61,18 +80,18 @@ QSize IconButton::sizeHint() const {
 void IconButton::paintEvent(QPaintEvent*) {
     const Theme& theme = Theme::shared();
     QPainter painter(this);
-    const qreal over = hover.value();
     if (!plain) {
-        const QColor ground = isDown() ? theme.ink(.12) : theme.ink(.09 * over);
+        const QColor ground = isDown() ? theme.ink(.12) : theme.ink(.09 * hover.value());
         fillRounded(painter, rect(), size == Size::regular ? 7 : 6, ground);
     }
-    const QColor rest = theme.color(colorRole.value_or(ColorRole::text2));
-    QColor color = colorRole ? rest : mix(rest, theme.color(ColorRole::text), over);
-    color.setAlphaF(color.alphaF() * static_cast<float>(restOpacity + (1 - restOpacity) * over));
     if (!isEnabled())
         painter.setOpacity(0.5);
-    Symbol::paint(painter, QRectF((width() - symbolSize) / 2, (height() - symbolSize) / 2, symbolSize, symbolSize),
-                  symbolName, color);
+    const QRectF place((width() - symbolSize) / 2, (height() - symbolSize) / 2, symbolSize, symbolSize);
+    const QColor color = symbolColor();
+    const qreal shown = newSymbol.value();
+    if (shown < 1)
+        Symbol::paint(painter, place, oldSymbol, withOpacity(color, color.alphaF() * (1 - shown)));
+    Symbol::paint(painter, place, symbolName, withOpacity(color, color.alphaF() * shown));
 }
 
 void IconButton::enterEvent(QEnterEvent* event) {

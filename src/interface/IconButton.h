@@ -20,6 +20,8 @@ public:
     IconButton(const QString& symbol, const QString& help, Size size = Size::regular, QWidget* parent = nullptr);
 
     void setSymbol(const QString& name);
+    /// The same, with the old symbol fading into the new one.
+    void changeSymbol(const QString& name);
     /// 18 in the regular size, 16 in rows, unless said otherwise.
     void setSymbolSize(qreal points);
     void setHelp(const QString& help);
@@ -41,13 +43,17 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    [[nodiscard]] QColor symbolColor() const;
+
     QString symbolName;
+    QString oldSymbol; ///< the one that is fading out
     Size size;
     qreal symbolSize;
     std::optional<ColorRole> colorRole;
     qreal restOpacity = 1;
     bool plain = false;
     Transition hover;
+    Transition newSymbol;
 };
 
 } // namespace Quillstacks

@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace Quillstacks {
 
 ScrollArea::ScrollArea(QWidget* parent) : QScrollArea(parent) {
@@ -20,8 +22,8 @@ ScrollArea::ScrollArea(QWidget* parent) : QScrollArea(parent) {
     viewport()->setPalette(clear);
     OverlayScrollBar::install(this);
     verticalScrollBar()->setSingleStep(24);
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ScrollArea::placeFade);
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &ScrollArea::placeFade);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ScrollArea::placeFades);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &ScrollArea::placeFades);
 }
 
 void ScrollArea::setContent(QWidget* content) {
@@ -32,18 +34,31 @@ void ScrollArea::setContent(QWidget* content) {
 }
 
 void ScrollArea::setBottomFade(std::optional<ColorRole> role, int height) {
-    delete fade;
-    fade = role ? new EdgeFade(*role, this) : nullptr;
-    fadeHeight = height;
-    placeFade();
+    delete bottomFade;
+    bottomFade = role ? new EdgeFade(*role, this) : nullptr;
+    bottomFadeHeight = height;
+    placeFades();
 }
 
-void ScrollArea::placeFade() {
-    if (!fade)
-        return;
-    fade->setGeometry(0, height() - fadeHeight, width(), fadeHeight);
-    fade->setVisible(verticalScrollBar()->value() < verticalScrollBar()->maximum());
-    fade->raise();
+void ScrollArea::setTopFade(std::optional<ColorRole> role, int height) {
+    delete topFade;
+    topFade = role ? new EdgeFade(*role, this, EdgeFade::Edge::top) : nullptr;
+    topFadeHeight = height;
+    placeFades();
+}
+
+void ScrollArea::placeFades() {
+    const QScrollBar* bar = verticalScrollBar();
+    if (bottomFade) {
+        bottomFade->setGeometry(0, height() - bottomFadeHeight, width(), bottomFadeHeight);
+        bottomFade->setVisible(bar->value() < bar->maximum());
+        bottomFade->raise();
+    }
+    if (topFade) {
+        topFade->setGeometry(0, 0, width(), topFadeHeight);
+        topFade->setVisible(bar->value() > bar->minimum());
+        topFade->raise();
+    }
 }
 
 QSize ScrollArea::sizeHint() const {
@@ -81,7 +96,7 @@ void ScrollArea::keyPressEvent(QKeyEvent* event) {
 
 void ScrollArea::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
-    placeFade();
+    placeFades();
 }
 
 bool ScrollArea::eventFilter(QObject* watched, QEvent* event) {
@@ -94,8 +109,9 @@ bool ScrollArea::focusNextPrevChild(bool next) {
     // QScrollArea scrolls to what gets the focus, wherever the chain leads.
     const bool moved = QScrollArea::focusNextPrevChild(next);
     QWidget* focused = QApplication::focusWidget();
+    // Clear of the fades, too.
     if (moved && focused && widget() && widget()->isAncestorOf(focused))
-        ensureWidgetVisible(focused, 20, 20);
+        ensureWidgetVisible(focused, 20, std::max({20, bottomFadeHeight, topFadeHeight}));
     return moved;
 }
 

@@ -19,6 +19,8 @@ public:
     void setContent(QWidget* content);
     /// Content fades into this colour over the last `height` pixels while there is more below; empty for none.
     void setBottomFade(std::optional<ColorRole> role, int height = 44);
+    /// The same at the top, while there is more above.
+    void setTopFade(std::optional<ColorRole> role, int height = 28);
     /// Scrolls as the key of an event asks, where it is one that scrolls.
     void scrollByKey(QKeyEvent* event) { keyPressEvent(event); }
     /// The content's height, so that the area can be as small as its content.
@@ -32,10 +34,12 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    void placeFade();
+    void placeFades();
 
-    QWidget* fade = nullptr;
-    int fadeHeight = 0;
+    QWidget* bottomFade = nullptr;
+    QWidget* topFade = nullptr;
+    int bottomFadeHeight = 0;
+    int topFadeHeight = 0;
 };
 
 } // namespace Quillstacks

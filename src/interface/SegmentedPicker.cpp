@@ -8,11 +8,6 @@
 #include <QPainter>
 
 namespace Quillstacks {
-namespace {
-
-constexpr int inset = 2;
-
-} // namespace
 
 SegmentedPicker::SegmentedPicker(const QString& accessibleName, std::vector<Segment> segments, QWidget* parent)
     : QWidget(parent) {
@@ -58,16 +53,31 @@ void SegmentedPicker::move(int step) {
     choose(std::clamp(selected + step, 0, static_cast<int>(buttons.size()) - 1));
 }
 
+void SegmentedPicker::setSize(Size size) {
+    currentSize = size;
+    updateGeometry();
+    placeButtons();
+    update();
+}
+
+int SegmentedPicker::inset() const {
+    return currentSize == Size::regular ? 2 : 3;
+}
+
 QSize SegmentedPicker::sizeHint() const {
     int widest = 0;
     for (const SegmentButton* button : buttons)
         widest = std::max(widest, button->sizeHint().width());
-    return {widest * static_cast<int>(buttons.size()) + 2 * inset, 30};
+    return {widest * static_cast<int>(buttons.size()) + 2 * inset(), static_cast<int>(currentSize)};
 }
 
 void SegmentedPicker::resizeEvent(QResizeEvent*) {
+    placeButtons();
+}
+
+void SegmentedPicker::placeButtons() {
     const int count = static_cast<int>(buttons.size());
-    const QRect inner = rect().adjusted(inset, inset, -inset, -inset);
+    const QRect inner = rect().adjusted(inset(), inset(), -inset(), -inset());
     for (int i = 0; i < count; ++i) {
         const int left = inner.left() + inner.width() * i / count;
         const int right = inner.left() + inner.width() * (i + 1) / count;
@@ -80,7 +90,7 @@ void SegmentedPicker::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (!isEnabled())
         painter.setOpacity(0.5);
-    fillRounded(painter, rect(), 8, Theme::shared().color(ColorRole::segmentTrack));
+    fillRounded(painter, rect(), currentSize == Size::regular ? 8 : 9, Theme::shared().color(ColorRole::segmentTrack));
 }
 
 } // namespace Quillstacks

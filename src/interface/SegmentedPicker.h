@@ -16,12 +16,16 @@ public:
         QString title;
         QString symbol; ///< empty for none
     };
+    /// Heights, in points.
+    enum class Size { regular = 30, field = 40 };
+
     /// The name is what is chosen, for assistive tools.
     SegmentedPicker(const QString& accessibleName, std::vector<Segment> segments, QWidget* parent = nullptr);
 
     [[nodiscard]] int selection() const { return selected; }
     /// Tells nothing.
     void setSelection(int index);
+    void setSize(Size size);
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -37,9 +41,12 @@ private:
     friend class SegmentButton;
     void choose(int index);
     void move(int step);
+    [[nodiscard]] int inset() const;
+    void placeButtons();
 
     std::vector<class SegmentButton*> buttons;
     int selected = 0;
+    Size currentSize = Size::regular;
 };
 
 } // namespace Quillstacks

@@ -72,7 +72,9 @@ Sheet* Sheet::top(const QWidget* widget) {
 
 Sheet::Sheet(QWidget* host, std::unique_ptr<QWidget> content, Options given)
     : QWidget(host->window()), options(std::move(given)) {
-    setFocusPolicy(Qt::StrongFocus); // holds the keyboard where the content has nothing for it
+    // Holds the keyboard where the content has nothing for it. A click doesn't give it: one on a button, which takes no
+    // focus from the mouse, would reach up to here and take the keyboard out of the field that has it.
+    setFocusPolicy(Qt::TabFocus);
     setAccessibleName(options.accessibleName);
     setAccessibleTraits(this, {QAccessible::Dialog, {}, {}, {}});
     QWidget* window = host->window();

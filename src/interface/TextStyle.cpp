@@ -20,7 +20,7 @@ struct Definition {
     bool monospaced = false;
 };
 
-constexpr std::array<Definition, 12> definitions{{{1.86, QFont::DemiBold, 32, -.015},
+constexpr std::array<Definition, 13> definitions{{{1.86, QFont::DemiBold, 32, -.015},
                                                   {1.57, QFont::DemiBold, 28, -.012},
                                                   {1.29, QFont::DemiBold, 24, -.008},
                                                   {1.14, QFont::Normal, 22, -.005},
@@ -31,7 +31,8 @@ constexpr std::array<Definition, 12> definitions{{{1.86, QFont::DemiBold, 32, -.
                                                   {0.86, QFont::Normal, 16, 0},
                                                   {0.79, QFont::Normal, 14, 0},
                                                   {1.00, QFont::Normal, 20, 0, true},
-                                                  {0.86, QFont::Normal, 16, .02, true}}};
+                                                  {0.86, QFont::Normal, 16, .02, true},
+                                                  {0.93, QFont::Normal, 20, 0, true}}};
 constexpr qreal designBase = 14;
 
 struct Kept {

@@ -17,7 +17,8 @@ enum class TextStyle {
     caption,
     caption2,
     monoBody,
-    monoCaption
+    monoCaption,
+    monoSubheadline
 };
 
 /// The font of a style in its usual weight, or in `weight` (a QFont::Weight). Cheap: fonts are kept.

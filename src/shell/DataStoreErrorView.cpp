@@ -4,10 +4,10 @@
 #include "interface/Button.h"
 #include "interface/Card.h"
 #include "interface/Label.h"
+#include "interface/SymbolImage.h"
 #include "interface/Theme.h"
 #include "platform/Files.h"
 #include "shell/StoreLocation.h"
-#include "shell/SymbolImage.h"
 #include "shell/Termination.h"
 
 #include <QKeyEvent>

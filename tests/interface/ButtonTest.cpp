@@ -4,6 +4,7 @@
 #include "interface/FocusRing.h"
 #include "interface/IconButton.h"
 #include "interface/Label.h"
+#include "support/ShownSymbol.h"
 
 #include <QAccessible>
 #include <QSignalSpy>
@@ -94,6 +95,18 @@ TEST_F(ButtonOf, itRepaintsInTheOtherScheme) {
     EXPECT_EQ(middle(), QColor(0x5A61E6));
     appearanceModePreference().set(AppearanceMode::light);
     EXPECT_EQ(middle(), QColor(0x5057DD));
+}
+
+TEST_F(ButtonOf, anIconButtonsNewSymbolTakesThePlaceOfTheOldOne) {
+    IconButton button(QStringLiteral("doc.on.doc"), QStringLiteral("Copy"), IconButton::Size::row);
+    const auto shows = [&button](const QString& name) {
+        return showsSymbol(button, name, 16, Theme::shared().color(ColorRole::text2));
+    };
+    EXPECT_TRUE(shows(QStringLiteral("doc.on.doc")));
+    button.changeSymbol(QStringLiteral("checkmark"));
+    EXPECT_EQ(button.symbol(), QStringLiteral("checkmark"));
+    EXPECT_TRUE(shows(QStringLiteral("checkmark"))) << "at once while nobody sees it";
+    EXPECT_FALSE(shows(QStringLiteral("doc.on.doc")));
 }
 
 TEST_F(ButtonOf, anIconButtonsHelpIsItsToolTipAndName) {

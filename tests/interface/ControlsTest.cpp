@@ -1,6 +1,8 @@
 #include "Fixture.h"
 #include "interface/Chip.h"
+#include "interface/EdgeFade.h"
 #include "interface/KeyCap.h"
+#include "interface/ScrollArea.h"
 #include "interface/SegmentedPicker.h"
 #include "interface/Stepper.h"
 #include "interface/Switch.h"
@@ -8,6 +10,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QPainter>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 namespace Quillstacks {
@@ -57,6 +60,45 @@ TEST_F(SegmentedPickerOf, segmentsAreRadioButtonsToAssistiveTools) {
     EXPECT_EQ(accessible->role(), QAccessible::RadioButton);
     EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Light"));
     EXPECT_TRUE(accessible->state().checked);
+}
+
+TEST_F(SegmentedPickerOf, besideFieldsItIsAsHighAsThey) {
+    EXPECT_EQ(picker.sizeHint().height(), 30);
+    picker.setSize(SegmentedPicker::Size::field);
+    EXPECT_EQ(picker.sizeHint().height(), 40);
+    picker.resize(306, 40);
+    showWindow();
+    const auto buttons = picker.findChildren<QAbstractButton*>();
+    EXPECT_EQ(buttons.front()->geometry(), QRect(3, 3, 100, 34));
+    EXPECT_EQ(buttons.back()->geometry(), QRect(203, 3, 100, 34));
+}
+
+class ScrollAreaOf : public InterfaceTest {};
+
+TEST_F(ScrollAreaOf, fadesOnlyWhereThereIsMore) {
+    ScrollArea area(&window);
+    area.setTopFade(ColorRole::sheet);
+    area.setBottomFade(ColorRole::sheet);
+    auto* content = new QWidget;
+    content->setMinimumHeight(900);
+    area.setContent(content);
+    area.resize(200, 300);
+    showWindow();
+    auto fades = area.findChildren<EdgeFade*>();
+    ASSERT_EQ(fades.size(), 2);
+    std::ranges::sort(fades, {}, &QWidget::y);
+    EXPECT_EQ(fades[0]->geometry(), QRect(0, 0, 200, 28));
+    EXPECT_EQ(fades[1]->geometry(), QRect(0, 256, 200, 44));
+    const auto shown = [&] { return std::pair(fades[0]->isVisible(), fades[1]->isVisible()); };
+    EXPECT_EQ(shown(), std::pair(false, true));
+    area.verticalScrollBar()->setValue(100);
+    EXPECT_EQ(shown(), std::pair(true, true));
+    area.verticalScrollBar()->setValue(600);
+    EXPECT_EQ(shown(), std::pair(true, false));
+    // From the ground above to what lies beneath; shown here over the window's own, which is darker.
+    const QImage top = fades[0]->grab().toImage();
+    EXPECT_NEAR(top.pixelColor(5, 0).red(), Theme::shared().color(ColorRole::sheet).red(), 1);
+    EXPECT_NEAR(top.pixelColor(5, 27).red(), Theme::shared().color(ColorRole::window).red(), 1);
 }
 
 class StepperOf : public InterfaceTest {

@@ -2,7 +2,9 @@
 
 #include "Fixture.h"
 #include "interface/Button.h"
+#include "interface/IconButton.h"
 #include "interface/ScrollArea.h"
+#include "interface/SegmentedPicker.h"
 #include "interface/TextField.h"
 
 #include <QAccessible>
@@ -82,6 +84,28 @@ TEST_F(SheetOf, keysGoToTheSheetOnly) {
     EXPECT_EQ(content.first->text(), QStringLiteral("x"));
     QTest::keyClick(beneath, Qt::Key_Y);
     EXPECT_EQ(beneath->text(), QString());
+}
+
+TEST_F(SheetOf, aClickOnAButtonOrBesideItLeavesTheKeyboardInTheField) {
+    Content content;
+    auto* check = new IconButton(QStringLiteral("checkmark"), QStringLiteral("Check"));
+    content.widget->layout()->addWidget(check);
+    auto* choice =
+        new SegmentedPicker(QStringLiteral("Choice"), {{QStringLiteral("A"), {}}, {QStringLiteral("B"), {}}});
+    content.widget->layout()->addWidget(choice);
+    content.save->setDefault(false);
+    Sheet* sheet = present(content);
+    content.second->setFocus();
+    const auto clickAt = [this](const QWidget* widget, const QPoint& position) {
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget->mapTo(&window, position));
+        press(Qt::Key_X);
+    };
+    clickAt(content.save, content.save->rect().center());
+    clickAt(check, check->rect().center());
+    clickAt(choice, QPoint(choice->width() - 20, 15));
+    EXPECT_EQ(choice->selection(), 1);
+    clickAt(sheet, QPoint(5, 5));
+    EXPECT_EQ(content.second->text(), QStringLiteral("xxxx"));
 }
 
 TEST_F(SheetOf, tabStaysWithin) {

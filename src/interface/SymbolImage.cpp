@@ -1,4 +1,4 @@
-#include "shell/SymbolImage.h"
+#include "interface/SymbolImage.h"
 
 #include "interface/Symbol.h"
 #include "interface/Theme.h"
