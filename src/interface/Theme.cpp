@@ -25,6 +25,8 @@ ColorScheme preferredScheme() {
     return DesktopSettings::shared().colorScheme();
 }
 
+/// Leaves the roles of shading (Light, Midlight, Dark, Mid) as the desktop has them: DesktopSettings reads from them
+/// whether the desktop is light or dark, and nothing is painted with them here.
 QPalette makePalette(const Theme& theme) {
     const auto color = [&theme](ColorRole role) { return theme.color(role); };
     QPalette palette;

@@ -16,7 +16,8 @@ class DesktopSettings final : public QObject {
 public:
     static DesktopSettings& shared();
 
-    /// The portal's preference; without one, by the lightness of the toolkit's palette.
+    /// The portal's preference; without one, by the lightness of the toolkit's palette. That is seen in the role
+    /// Midlight, which the program's own palette must not set.
     [[nodiscard]] ColorScheme colorScheme() const { return scheme; }
     [[nodiscard]] std::optional<QColor> accentColor() const { return accent; }
     [[nodiscard]] bool reducedMotion() const { return lessMotion; }

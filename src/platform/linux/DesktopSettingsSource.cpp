@@ -3,7 +3,9 @@
 #include <QCoroDBusPendingCall>
 #include <QDBusArgument>
 #include <QDBusConnection>
+#include <QDBusServiceWatcher>
 #include <QDBusVariant>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -52,6 +54,19 @@ std::optional<QColor> colorFrom(const QVariant& value) {
     return QColor::fromRgbF(static_cast<float>(parts[0]), static_cast<float>(parts[1]), static_cast<float>(parts[2]));
 }
 
+/// None for any other number.
+std::optional<ColorScheme> schemePreference(uint number) {
+    if (number == preferDark)
+        return ColorScheme::dark;
+    return number == preferLight ? std::optional(ColorScheme::light) : std::nullopt;
+}
+
+/// The desktop's, also while the program has a palette of its own: that one leaves this role to the desktop.
+ColorScheme schemeOfPalette() {
+    const bool dark = QGuiApplication::palette().color(QPalette::Midlight).lightness() < middleLightness;
+    return dark ? ColorScheme::dark : ColorScheme::light;
+}
+
 QDBusMessage question(const QString& method, const QString& nameSpace, const QString& key) {
     auto message = QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, method);
     message << nameSpace << key;
@@ -61,10 +76,8 @@ QDBusMessage question(const QString& method, const QString& nameSpace, const QSt
 } // namespace
 
 DesktopSettingsSource::DesktopSettingsSource(DesktopSettings* target) : QObject(target), settings(target) {
-    // Looked at once, before the program puts its own palette in the place of the desktop's.
-    const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < middleLightness;
-    schemeOfPalette = dark ? ColorScheme::dark : ColorScheme::light;
-    settings->scheme = schemeOfPalette;
+    settings->scheme = schemeOfPalette();
+    qApp->installEventFilter(this);
 
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
@@ -72,9 +85,30 @@ DesktopSettingsSource::DesktopSettingsSource(DesktopSettings* target) : QObject(
     // The slot takes the whole message: one that names its parameters' types is silently never called for this signal.
     bus.connect(portal, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QDBusMessage)));
+    // What changed while it was away, or before it was first there, is told by no signal.
+    auto* watcher = new QDBusServiceWatcher(portal, bus, QDBusServiceWatcher::WatchForRegistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &DesktopSettingsSource::readAll);
+    readAll();
+}
+
+void DesktopSettingsSource::readAll() {
     read(appearance, colorSchemeKey);
     read(appearance, accentColorKey);
     read(gnomeInterface, animationsKey);
+}
+
+bool DesktopSettingsSource::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp)
+        paletteChanged();
+    return false;
+}
+
+void DesktopSettingsSource::paletteChanged() {
+    const ColorScheme scheme = preferredScheme.value_or(schemeOfPalette());
+    if (scheme == settings->scheme)
+        return;
+    settings->scheme = scheme;
+    Q_EMIT settings->changed();
 }
 
 QCoro::Task<> DesktopSettingsSource::read(QString nameSpace, QString key) {
@@ -97,10 +131,8 @@ void DesktopSettingsSource::apply(const QString& nameSpace, const QString& key, 
     std::optional<QColor> accent = settings->accent;
     bool lessMotion = settings->lessMotion;
     if (nameSpace == appearance && key == colorSchemeKey) {
-        const uint preference = value.toUInt();
-        scheme = preference == preferDark    ? ColorScheme::dark
-                 : preference == preferLight ? ColorScheme::light
-                                             : schemeOfPalette;
+        preferredScheme = schemePreference(value.toUInt());
+        scheme = preferredScheme.value_or(schemeOfPalette());
     } else if (nameSpace == appearance && key == accentColorKey) {
         accent = colorFrom(value);
     } else if (nameSpace == gnomeInterface && key == animationsKey) {

@@ -3,8 +3,11 @@
 #include "FakePortal.h"
 #include "Tool.h"
 
+#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusMetaType>
+#include <QPalette>
+#include <QProxyStyle>
 
 #include <gtest/gtest.h>
 
@@ -45,7 +48,20 @@ void change(FakePortal& portal, const char* nameSpace, const char* key, const QV
     });
 }
 
-// One test: the settings are asked for once in the life of a process.
+/// A style that makes the toolkit's palette a light or a dark one, as a desktop does that changes its colours.
+class StyleOf final : public QProxyStyle {
+public:
+    explicit StyleOf(ColorScheme wanted) : scheme(wanted) {}
+    using QProxyStyle::polish;
+    void polish(QPalette& palette) override {
+        palette = QPalette(scheme == ColorScheme::dark ? QColor(0x2A2E32) : QColor(0xEFF0F1));
+    }
+
+private:
+    ColorScheme scheme;
+};
+
+// The settings are made once in the life of a process, so this test comes first.
 TEST(DesktopSettingsFromPortal, areReadWithoutWaitingAndFollowed) {
     qDBusRegisterMetaType<PortalColor>();
     BusThread<FakePortal> portal("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop");
@@ -80,6 +96,51 @@ TEST(DesktopSettingsFromPortal, areReadWithoutWaitingAndFollowed) {
     EXPECT_TRUE(eventually([&] { return settings.colorScheme() == ColorScheme::dark; }));
     change(portal.service, "org.freedesktop.appearance", "color-scheme", QVariant::fromValue(uint{0}));
     EXPECT_TRUE(eventually([&] { return settings.colorScheme() == ColorScheme::light; })) << "no preference: palette";
+}
+
+TEST(DesktopSettingsFromPortal, areReadAgainWhenThePortalComesBack) {
+    DesktopSettings& settings = DesktopSettings::shared();
+    {
+        BusThread<FakePortal> portal("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop");
+        EXPECT_TRUE(eventually([&] { return settings.colorScheme() == ColorScheme::dark; }));
+        change(portal.service, "org.freedesktop.appearance", "color-scheme", QVariant::fromValue(uint{2}));
+        EXPECT_TRUE(eventually([&] { return settings.colorScheme() == ColorScheme::light; }));
+    }
+    BusThread<FakePortal> portal("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop");
+    EXPECT_TRUE(eventually([&] { return settings.colorScheme() == ColorScheme::dark; }));
+}
+
+TEST(DesktopSettingsFromPortal, itsPreferenceStandsWhateverThePaletteDoes) {
+    BusThread<FakePortal> portal("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop");
+    DesktopSettings& settings = DesktopSettings::shared();
+    EXPECT_TRUE(eventually([&] { return settings.colorScheme() == ColorScheme::dark; }));
+    int changes = 0;
+    QObject context;
+    QObject::connect(&settings, &DesktopSettings::changed, &context, [&changes] { ++changes; });
+    for (const ColorScheme scheme : {ColorScheme::dark, ColorScheme::light}) {
+        QApplication::setStyle(new StyleOf(scheme));
+        EXPECT_EQ(QGuiApplication::palette().color(QPalette::Window).lightness() < 128, scheme == ColorScheme::dark);
+        EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
+    }
+    EXPECT_EQ(changes, 0);
+}
+
+TEST(DesktopSettingsWithoutPortal, theToolkitsPaletteIsFollowedWhileTheProgramHasItsOwn) {
+    DesktopSettings& settings = DesktopSettings::shared();
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+    QPalette own;
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::WindowText})
+        own.setColor(role, Qt::white);
+    QApplication::setPalette(own);
+    int changes = 0;
+    QObject context;
+    QObject::connect(&settings, &DesktopSettings::changed, &context, [&changes] { ++changes; });
+    QApplication::setStyle(new StyleOf(ColorScheme::dark));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
+    EXPECT_EQ(QGuiApplication::palette().color(QPalette::Window), QColor(Qt::white)) << "the program's own";
+    QApplication::setStyle(new StyleOf(ColorScheme::light));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+    EXPECT_EQ(changes, 2);
 }
 
 } // namespace
