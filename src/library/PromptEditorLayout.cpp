@@ -4,6 +4,7 @@
 #include "interface/Composition.h"
 #include "interface/TextField.h"
 #include "library/PromptEditorView.h"
+#include "library/tags/TagSelectorView.h"
 #include "PromptPanelColumn.h"
 #include "PromptTextEditor.h"
 #include "variables/VariablesPreviewView.h"
@@ -62,6 +63,8 @@ QWidget* PromptEditorView::buildBodyColumn() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(partGap);
     layout->addLayout(buildTitleRow());
+    tagSelector = new TagSelectorView(modelContext, allTags, column);
+    layout->addWidget(tagSelector);
     bodyEditor = new PromptTextEditor(column);
     bodyEditor->setMinimumHeight(bodyMinimumHeight);
     layout->addWidget(bodyEditor, 1);
@@ -82,10 +85,15 @@ QLayout* PromptEditorView::buildTitleRow() {
     copyButton->setSize(Button::Size::field);
     copyButton->setSymbol(QStringLiteral("doc.on.doc"));
     copyButton->setToolTip(QStringLiteral("Copy prompt to clipboard"));
+    historyButton = new Button(QStringLiteral("History"), Button::Kind::bordered, this);
+    historyButton->setSize(Button::Size::field);
+    historyButton->setSymbol(QStringLiteral("clock.arrow.circlepath"));
+    historyButton->setToolTip(QStringLiteral("View version history"));
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(titleField, 1);
     row->addWidget(copyButton);
+    row->addWidget(historyButton);
     return row;
 }
 
@@ -114,6 +122,8 @@ void PromptEditorView::connectParts() {
     connect(variablesPreview, &VariablesPreviewView::collapsedChanged, panels,
             &PromptPanelColumn::setVariablesCollapsed);
     connect(copyButton, &QAbstractButton::clicked, this, &PromptEditorView::copyPrompt);
+    connect(historyButton, &QAbstractButton::clicked, this, &PromptEditorView::showVersionHistory);
+    connect(&modelContext, &ModelContext::changed, this, &PromptEditorView::refreshHistoryButton);
     connect(deleteButton, &QAbstractButton::clicked, this, &PromptEditorView::askToDelete);
     connect(cancelButton, &QAbstractButton::clicked, this, &PromptEditorView::cancel);
     connect(saveButton, &QAbstractButton::clicked, this, &PromptEditorView::savePrompt);
@@ -134,6 +144,10 @@ void PromptEditorView::refreshControls() {
     saveButton->setEnabled(savable);
     saveKey->setEnabled(savable);
     variablesPreview->setText(body);
+}
+
+void PromptEditorView::refreshHistoryButton() {
+    historyButton->setVisible(hasHistory());
 }
 
 } // namespace Quillstacks

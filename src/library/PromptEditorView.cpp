@@ -1,19 +1,16 @@
 #include "library/PromptEditorView.h"
 
-#include "DeletePromptAlert.h"
 #include "foundation/Clock.h"
 #include "foundation/Log.h"
 #include "foundation/Text.h"
 #include "interface/Composition.h"
 #include "interface/TextField.h"
-#include "library/ClipboardStep.h"
+#include "library/model/StoreError.h"
+#include "library/tags/TagSelectorView.h"
 #include "library/versions/PromptVersionManager.h"
 #include "library/versions/VersionPreferences.h"
 #include "PromptPanelColumn.h"
 #include "PromptTextEditor.h"
-#include "variables/engine/VariableEngine.h"
-#include "variables/FillInFlow.h"
-#include "variables/VariablePreferences.h"
 #include "variables/VariablesPreviewView.h"
 
 #include <QSignalBlocker>
@@ -36,6 +33,7 @@ PromptEditorView::PromptEditorView(ModelContext& context, Prompt* initial, std::
     if (initialPrompt)
         loadPrompt();
     refreshControls();
+    refreshHistoryButton();
 }
 
 QString PromptEditorView::editorBody() const {
@@ -56,8 +54,12 @@ void PromptEditorView::setEditorBody(const QString& body) {
     refreshControls();
 }
 
+const QSet<Tag*>& PromptEditorView::selectedTags() const {
+    return tagSelector->selection();
+}
+
 void PromptEditorView::setSelectedTags(const QSet<Tag*>& tags) {
-    tickedTags = tags;
+    tagSelector->setSelection(tags);
 }
 
 bool PromptEditorView::isVariablesCollapsed() const {
@@ -77,8 +79,20 @@ bool PromptEditorView::canCopy() const {
     return !Text::isBlank(editorBody());
 }
 
+bool PromptEditorView::hasHistory() const {
+    try {
+        return prompt && !prompt->isDeleted() && prompt->hasVersions();
+    } catch (const StoreError&) {
+        return false; // what can't be read can't be shown either
+    }
+}
+
 bool PromptEditorView::holdsUnsavedTyping() const {
-    return titleText != (prompt ? prompt->title() : QString()) || editorBody() != (prompt ? prompt->body() : QString());
+    const QList<Tag*> ticked = attachedTags();
+    const QList<Tag*> stored = prompt ? prompt->tags() : QList<Tag*>();
+    return titleText != (prompt ? prompt->title() : QString()) ||
+           editorBody() != (prompt ? prompt->body() : QString()) ||
+           QSet<Tag*>(ticked.begin(), ticked.end()) != QSet<Tag*>(stored.begin(), stored.end());
 }
 
 void PromptEditorView::loadPrompt() {
@@ -90,6 +104,7 @@ void PromptEditorView::loadPrompt() {
     setSelectedTags(QSet<Tag*>(loaded->tags().begin(), loaded->tags().end()));
     prompt = loaded;
     refreshControls();
+    refreshHistoryButton();
 }
 
 void PromptEditorView::commitCompositions() {
@@ -141,7 +156,7 @@ void PromptEditorView::saveNew(const QString& trimmedTitle, const QString& trimm
 QList<Tag*> PromptEditorView::attachedTags() const {
     QList<Tag*> attached;
     for (Tag* tag : allTags.records())
-        if (tickedTags.contains(tag))
+        if (selectedTags().contains(tag))
             attached += tag;
     return attached;
 }
@@ -153,44 +168,6 @@ void PromptEditorView::saveContext(const QString& operation, const QString& succ
     } catch (const std::exception& error) {
         Log::logDataError(operation, error);
     }
-}
-
-void PromptEditorView::copyPrompt() {
-    commitCompositions();
-    const QString body = editorBody();
-    const QStringList variables = extractVariables(body);
-    if (variables.isEmpty() || !enableVariableSubstitutionPreference().value()) {
-        putOnClipboard(body);
-        return;
-    }
-    showingVariableSubstitution = true;
-    presentFillIn(
-        this, titleText, body, variables, [this](const QString& filled) { putOnClipboard(filled); },
-        [this] { showingVariableSubstitution = false; });
-}
-
-void PromptEditorView::putOnClipboard(const QString& text) {
-    ClipboardStep::copyPromptText(text, titleText);
-    showingVariableSubstitution = false;
-}
-
-void PromptEditorView::askToDelete() {
-    if (showingDeleteAlert)
-        return;
-    showingDeleteAlert = true;
-    deleteAlert = showDeletePromptAlert(
-        this,
-        [this] {
-            showingDeleteAlert = false;
-            deletePrompt();
-        },
-        [this] { cancelDeletion(); });
-}
-
-void PromptEditorView::cancelDeletion() {
-    showingDeleteAlert = false;
-    if (deleteAlert)
-        deleteAlert->dismiss();
 }
 
 void PromptEditorView::deletePrompt() {

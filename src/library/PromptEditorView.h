@@ -17,6 +17,7 @@ class Button;
 class Composition;
 class PromptPanelColumn;
 class PromptTextEditor;
+class TagSelectorView;
 class TextField;
 class VariablesPreviewView;
 
@@ -32,10 +33,11 @@ public:
     /// As typed; only what is saved is trimmed.
     [[nodiscard]] const QString& title() const { return titleText; }
     [[nodiscard]] QString editorBody() const;
-    [[nodiscard]] const QSet<Tag*>& selectedTags() const { return tickedTags; }
+    [[nodiscard]] const QSet<Tag*>& selectedTags() const;
     /// None while a new prompt is made.
     [[nodiscard]] Prompt* editingPrompt() const { return prompt; }
     [[nodiscard]] bool isShowingDeleteAlert() const { return showingDeleteAlert; }
+    [[nodiscard]] bool isShowingVersionHistory() const { return showingVersionHistory; }
     [[nodiscard]] bool showVariableSubstitution() const { return showingVariableSubstitution; }
     [[nodiscard]] bool isVariablesCollapsed() const;
     void setTitle(const QString& title);
@@ -46,7 +48,9 @@ public:
     // Derived
     [[nodiscard]] bool canSave() const;
     [[nodiscard]] bool canCopy() const;
-    /// Whether something was typed that is not in the prompt; it would be lost if the editor went now.
+    /// Whether there are versions to be shown, so that there is a "History" button.
+    [[nodiscard]] bool hasHistory() const;
+    /// Whether something was typed or ticked that is not in the prompt; it would be lost if the editor went now.
     [[nodiscard]] bool holdsUnsavedTyping() const;
 
     // Actions
@@ -54,6 +58,8 @@ public:
     void loadPrompt();
     void savePrompt();
     void copyPrompt();
+    /// Opens the history on a sheet; a restore there replaces what was typed here. Does nothing without a history.
+    void showVersionHistory();
     void askToDelete();
     void deletePrompt();
     void cancelDeletion();
@@ -75,6 +81,7 @@ private:
     [[nodiscard]] QLayout* buildFooter();
     void connectParts();
     void refreshControls();
+    void refreshHistoryButton();
     /// Takes what an input method still composes into title and body.
     void commitCompositions();
     [[nodiscard]] QList<Tag*> attachedTags() const;
@@ -89,17 +96,19 @@ private:
     std::function<void(Prompt*)> onSave;
     TagQuery allTags;
     QString titleText;
-    QSet<Tag*> tickedTags;
     Prompt* prompt = nullptr;
     bool showingDeleteAlert = false;
+    bool showingVersionHistory = false;
     bool showingVariableSubstitution = false;
 
     TextField* titleField = nullptr;
     Composition* titleComposition = nullptr;
+    Button* copyButton = nullptr;
+    Button* historyButton = nullptr;
+    TagSelectorView* tagSelector = nullptr;
     PromptTextEditor* bodyEditor = nullptr;
     VariablesPreviewView* variablesPreview = nullptr;
     PromptPanelColumn* panels = nullptr;
-    Button* copyButton = nullptr;
     Button* deleteButton = nullptr;
     Button* cancelButton = nullptr;
     Button* saveButton = nullptr;

@@ -61,7 +61,7 @@ TEST_F(PromptEditor, tabIsACharacterOfTheBodyAndCtrlTabAndShiftTabLeaveIt) {
     EXPECT_EQ(view.editorBody(), QStringLiteral("\t"));
     EXPECT_TRUE(bodyField(view).hasFocus());
     QTest::keyClick(&bodyField(view), Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_TRUE(titleField(view).hasFocus());
+    EXPECT_TRUE(visibleButton(view, QStringLiteral("Create Tag"))->hasFocus());
     bodyField(view).setFocus();
     QTest::keyClick(&bodyField(view), Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_FALSE(bodyField(view).hasFocus());
@@ -83,6 +83,28 @@ TEST_F(PromptEditor, itsButtonsAnswerTheMouse) {
     view.cancelDeletion();
     QTest::mouseClick(visibleButton(view, QStringLiteral("Cancel")), Qt::LeftButton);
     EXPECT_EQ(closed->count(), 1);
+}
+
+TEST_F(PromptEditor, theTabKeyFollowsTheReadingOrder) {
+    addTag(QStringLiteral("Work"));
+    Prompt* prompt = addPrompt(QStringLiteral("t"), QStringLiteral("b"));
+    library.addVersion(prompt, QStringLiteral("earlier"));
+    const PromptEditorView& view = present(prompt);
+    titleField(view).setFocus();
+    QStringList names;
+    for (int stop = 0; stop < 9; ++stop) {
+        QWidget* focus = QApplication::focusWidget();
+        ASSERT_TRUE(focus);
+        names += focus->accessibleName();
+        // In the body Tab is a character.
+        const bool isBody = focus == &bodyField(view);
+        QTest::keyClick(focus, Qt::Key_Tab, isBody ? Qt::ControlModifier : Qt::NoModifier);
+    }
+    EXPECT_EQ(names,
+              (QStringList{QStringLiteral("Title"), QStringLiteral("Copy"), QStringLiteral("History"),
+                           QStringLiteral("Work"), QStringLiteral("Prompt text"), QStringLiteral("Collapse Variables"),
+                           QStringLiteral("Delete"), QStringLiteral("Cancel"), QStringLiteral("Save")}));
+    EXPECT_TRUE(titleField(view).hasFocus());
 }
 
 } // namespace Quillstacks
