@@ -134,7 +134,7 @@ void PromptEditorView::connectParts() {
 }
 
 void PromptEditorView::refreshControls() {
-    const QString body = editorBody();
+    const QString& body = editorBody();
     const bool hasBody = !Text::isBlank(body);
     const bool savable = hasBody && !Text::isBlank(titleText);
     copyButton->setVisible(prompt);

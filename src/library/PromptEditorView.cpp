@@ -36,7 +36,7 @@ PromptEditorView::PromptEditorView(ModelContext& context, Prompt* initial, std::
     refreshHistoryButton();
 }
 
-QString PromptEditorView::editorBody() const {
+const QString& PromptEditorView::editorBody() const {
     return bodyEditor->text();
 }
 

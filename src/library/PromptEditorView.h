@@ -32,7 +32,7 @@ public:
     // State
     /// As typed; only what is saved is trimmed.
     [[nodiscard]] const QString& title() const { return titleText; }
-    [[nodiscard]] QString editorBody() const;
+    [[nodiscard]] const QString& editorBody() const;
     [[nodiscard]] const QSet<Tag*>& selectedTags() const;
     /// None while a new prompt is made.
     [[nodiscard]] Prompt* editingPrompt() const { return prompt; }

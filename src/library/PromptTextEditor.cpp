@@ -3,22 +3,20 @@
 #include "interface/Composition.h"
 #include "interface/Drawing.h"
 #include "interface/Label.h"
-#include "interface/PlainTextEdit.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
+#include "variables/TokenizingTextView.h"
+#include "variables/TokenTextView.h"
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QTextBlock>
 #include <QTextDocument>
-#include <QTextLayout>
 #include <QVBoxLayout>
 
 namespace Quillstacks {
 namespace {
 
 constexpr int padding = 12;
-constexpr int textInset = 8;
 constexpr int radius = 12;
 constexpr QPoint placeholderPosition(24, 20);
 
@@ -30,15 +28,15 @@ int lineHeight() {
 } // namespace
 
 PromptTextEditor::PromptTextEditor(QWidget* parent)
-    : QWidget(parent), field(new PlainTextEdit(this)),
+    : QWidget(parent), field(new TokenizingTextView(this)),
       placeholder(new Label(QStringLiteral("Write your prompt…"), TextStyle::monoBody, ColorRole::text2, this)),
-      composition(new Composition(field)), hover(this) {
+      composition(new Composition(field->textView())), hover(this) {
     setObjectName(QStringLiteral("PromptTextEditor"));
-    setFocusProxy(field);
-    field->setAccessibleName(QStringLiteral("Prompt text"));
-    field->document()->setDocumentMargin(textInset);
-    field->setTabChangesFocus(false);
-    field->installEventFilter(this);
+    TokenTextView* view = field->textView();
+    setFocusProxy(view);
+    view->setAccessibleName(QStringLiteral("Prompt text"));
+    view->setTabChangesFocus(false);
+    view->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(padding, padding, padding, padding);
     layout->addWidget(field);
@@ -46,13 +44,11 @@ PromptTextEditor::PromptTextEditor(QWidget* parent)
     placeholder->raise();
     applyFont();
     connect(&Theme::shared(), &Theme::changed, this, &PromptTextEditor::applyFont);
-    connect(field, &QTextEdit::textChanged, this, [this] {
-        showPlaceholder();
-        Q_EMIT textChanged();
-    });
+    connect(view, &QTextEdit::textChanged, this, &PromptTextEditor::showPlaceholder);
+    connect(field, &TokenizingTextView::textChanged, this, &PromptTextEditor::textChanged);
 }
 
-QString PromptTextEditor::text() const {
+const QString& PromptTextEditor::text() const {
     return field->text();
 }
 
@@ -66,12 +62,12 @@ void PromptTextEditor::setText(const QString& text) {
 }
 
 void PromptTextEditor::showPlaceholder() {
-    const QTextLayout* layout = field->document()->firstBlock().layout();
-    placeholder->setVisible(field->document()->isEmpty() && layout->preeditAreaText().isEmpty());
+    const TokenTextView* view = field->textView();
+    placeholder->setVisible(view->document()->isEmpty() && !view->isComposing());
 }
 
 void PromptTextEditor::applyFont() {
-    field->setLineFormat(textFont(TextStyle::monoBody), lineHeight());
+    field->textView()->setLineFormat(textFont(TextStyle::monoBody), lineHeight());
     placePlaceholder();
 }
 

@@ -8,22 +8,25 @@ namespace Quillstacks {
 
 class Composition;
 class Label;
-class PlainTextEdit;
+class TokenizingTextView;
 
-/// The framed editor of a prompt's body. It keeps every character of its text. Tab is a character here: Ctrl+Tab and
-/// Shift+Tab leave the editor.
+/// The framed editor of a prompt's body, which shows placeholders as tokens. It keeps every character of its text. Tab
+/// is a character here: Ctrl+Tab and Shift+Tab leave the editor.
 class PromptTextEditor final : public QWidget {
     Q_OBJECT
 public:
     explicit PromptTextEditor(QWidget* parent = nullptr);
 
-    [[nodiscard]] QString text() const;
+    /// Cheap: it is kept.
+    [[nodiscard]] const QString& text() const;
+    /// An equal text touches nothing; another one ends what can be undone. Raises no textChanged().
     void setText(const QString& text);
     /// Takes what an input method still composes into the text.
     void commitComposition();
     [[nodiscard]] bool isHovered() const { return hover.target() > 0; }
 
 Q_SIGNALS:
+    /// The user has edited the text.
     void textChanged();
 
 protected:
@@ -38,7 +41,7 @@ private:
     void applyFont();
     void placePlaceholder();
 
-    PlainTextEdit* field;
+    TokenizingTextView* field;
     Label* placeholder;
     Composition* composition;
     Transition hover;

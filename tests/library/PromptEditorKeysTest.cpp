@@ -6,7 +6,7 @@ TEST_F(PromptEditor, returnInTheTitleSaves) {
     PromptEditorView& view = present();
     titleField(view).setFocus();
     QTest::keyClicks(&titleField(view), QStringLiteral("typed"));
-    bodyField(view).setText(QStringLiteral("body"));
+    view.setEditorBody(QStringLiteral("body"));
     QTest::keyClick(&titleField(view), Qt::Key_Return);
     EXPECT_EQ(closed->count(), 1);
     EXPECT_TRUE(library.prompt(QStringLiteral("typed")));

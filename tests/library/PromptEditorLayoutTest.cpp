@@ -1,4 +1,5 @@
 #include "PromptEditorFixture.h"
+#include "PromptTextEditor.h"
 
 namespace Quillstacks {
 
@@ -18,7 +19,7 @@ TEST_F(PromptEditor, theSheetIsAtLeast1100By720WhereTheWindowIsLargeEnoughAndFit
 TEST_F(PromptEditor, theTitleFieldIs40High) {
     const PromptEditorView& view = present();
     EXPECT_EQ(titleField(view).height(), 40);
-    EXPECT_GE(bodyField(view).parentWidget()->height(), 360);
+    EXPECT_GE(view.findChild<PromptTextEditor*>()->height(), 360);
 }
 
 TEST_F(PromptEditor, thePlaceholderStandsInAnEmptyBodyOnly) {

@@ -33,6 +33,46 @@ TEST_F(PromptEditor, aVeryLongTitleCanBeTyped) {
     EXPECT_EQ(view.title(), half + half);
 }
 
+// Tokens
+
+TEST_F(PromptEditor, aPlaceholderIsShownAsATokenAndSavedAsItWasTyped) {
+    PromptEditorView& view = present();
+    view.setTitle(QStringLiteral("t"));
+    bodyField(view).setFocus();
+    QTest::keyClicks(&bodyField(view), QStringLiteral("a {{ name }}."));
+    const QString shown = QStringLiteral("a ") + QChar(QChar::ObjectReplacementCharacter) + QLatin1Char('.');
+    EXPECT_EQ(bodyField(view).document()->toRawText(), shown);
+    EXPECT_EQ(view.editorBody(), QStringLiteral("a {{ name }}."));
+    view.savePrompt();
+    EXPECT_EQ(library.prompt(QStringLiteral("t"))->body(), QStringLiteral("a {{ name }}."));
+}
+
+TEST_F(PromptEditor, whatWasLoadedCanNotBeUndoneAndWhatWasTypedCan) {
+    PromptEditorView& view = present(addPrompt(QStringLiteral("t"), QStringLiteral("{a}")));
+    bodyField(view).setFocus();
+    bodyField(view).moveCursor(QTextCursor::End);
+    QTest::keyClicks(&bodyField(view), QStringLiteral(" b"));
+    EXPECT_EQ(view.editorBody(), QStringLiteral("{a} b"));
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(&bodyField(view), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(view.editorBody(), QStringLiteral("{a}"));
+    EXPECT_FALSE(view.holdsUnsavedTyping());
+    QTest::keyClick(&bodyField(view), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_NE(view.editorBody(), QStringLiteral("{a}"));
+}
+
+TEST_F(PromptEditor, anUndoIsHeardByTheControls) {
+    PromptEditorView& view = present();
+    view.setTitle(QStringLiteral("t"));
+    bodyField(view).setFocus();
+    QTest::keyClicks(&bodyField(view), QStringLiteral("b"));
+    EXPECT_TRUE(visibleButton(view, QStringLiteral("Create"))->isEnabled());
+    QTest::keyClick(&bodyField(view), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(view.editorBody(), QString());
+    EXPECT_FALSE(visibleButton(view, QStringLiteral("Create"))->isEnabled());
+    EXPECT_TRUE(placeholder(view)->isVisible());
+}
+
 // Input methods
 
 TEST_F(PromptEditor, whatIsStillComposedIsSavedAndCopied) {
@@ -57,6 +97,17 @@ TEST_F(PromptEditor, whatIsStillComposedInTheTitleIsSavedByCtrlS) {
     compose(titleField(view), QStringLiteral("ni"));
     QTest::keyClick(&titleField(view), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(prompt->title(), QStringLiteral("tni"));
+}
+
+TEST_F(PromptEditor, whatIsStillComposedBehindATokenIsSaved) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"), QStringLiteral("{a}"));
+    PromptEditorView& view = present(prompt);
+    bodyField(view).setFocus();
+    bodyField(view).moveCursor(QTextCursor::End);
+    compose(bodyField(view), QStringLiteral("ni"));
+    QTest::keyClick(&bodyField(view), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(prompt->body(), QStringLiteral("{a}ni"));
+    EXPECT_EQ(closed->count(), 1);
 }
 
 } // namespace Quillstacks
