@@ -1,25 +1,13 @@
 // The keys of the prompt list.
 #include "interface/LazyList.h"
 #include "interface/Menu.h"
+#include "interface/Typing.h"
 #include "library/PromptListView.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTextEdit>
 
 namespace Quillstacks {
-namespace {
-
-bool isTyping() {
-    const QWidget* focus = QApplication::focusWidget();
-    return qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QTextEdit*>(focus) ||
-           qobject_cast<const QPlainTextEdit*>(focus);
-}
-
-} // namespace
 
 void PromptListView::keyPressEvent(QKeyEvent* event) {
     const bool isMenuKey = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
