@@ -1,26 +1,38 @@
 #include "mainwindow/ContentView.h"
 
+#include "interface/Sheet.h"
 #include "interface/Theme.h"
+#include "interface/Typing.h"
+#include "library/model/ModelContext.h"
 #include "library/PromptListView.h"
+#include "library/tags/TagEditorView.h"
 #include "mainwindow/SidebarView.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace Quillstacks {
 
-ContentView::ContentView(ModelContext& modelContext, QWidget* parent)
-    : QWidget(parent), sidebar(new SidebarView(this)), list(new PromptListView(modelContext, this)) {
+ContentView::ContentView(ModelContext& context, QWidget* parent)
+    : QWidget(parent), modelContext(context), sidebar(new SidebarView(context, this)),
+      list(new PromptListView(context, this)) {
     setObjectName(QStringLiteral("ContentView"));
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
     columns->addWidget(sidebar);
     columns->addWidget(list, 1);
-    connect(sidebar, &SidebarView::searchTextChanged, this, &ContentView::setSearchText);
-    connect(sidebar, &SidebarView::selectedTagIdChanged, this, &ContentView::setSelectedTagId);
+    connectSidebar();
     // The list's keys work from the start; the search field is a click or a Tab away.
     list->setFocus(Qt::OtherFocusReason);
+}
+
+void ContentView::connectSidebar() {
+    connect(sidebar, &SidebarView::searchTextChanged, this, &ContentView::setSearchText);
+    connect(sidebar, &SidebarView::selectedTagIdChanged, this, &ContentView::setSelectedTagId);
+    sidebar->onCreateTag = [this] { onCreateTag(); };
+    sidebar->onEditTag = [this](Tag* tag) { onEditTag(tag); };
 }
 
 void ContentView::setSearchText(const QString& text) {
@@ -35,6 +47,35 @@ void ContentView::setSelectedTagId(const std::optional<Uuid>& id) {
     tagId = id;
     sidebar->setSelectedTagId(id);
     list->setSelectedTagId(id);
+}
+
+void ContentView::onCreateTag() {
+    presentTagEditor(nullptr);
+}
+
+void ContentView::onEditTag(Tag* tag) {
+    if (!tag->isDeleted())
+        presentTagEditor(tag);
+}
+
+void ContentView::presentTagEditor(Tag* tag) {
+    if (presentingTagEditor || Sheet::covers(this))
+        return;
+    editedTag = tag;
+    presentingTagEditor = true;
+    Sheet* sheet = TagEditorView::present(this, modelContext, editedTag);
+    connect(sheet, &Sheet::closed, this, [this] {
+        presentingTagEditor = false;
+        modelContext.processPendingChanges();
+    });
+}
+
+void ContentView::keyPressEvent(QKeyEvent* event) {
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (event->key() == Qt::Key_T && isPlain && !event->isAutoRepeat() && !isTyping())
+        onCreateTag();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void ContentView::paintEvent(QPaintEvent*) {

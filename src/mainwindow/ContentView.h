@@ -11,6 +11,7 @@ namespace Quillstacks {
 class ModelContext;
 class PromptListView;
 class SidebarView;
+class Tag;
 
 /// What the main window shows while a store is open: the sidebar and the prompt list, which share a search text and a
 /// selected tag. Neither is kept when the view goes.
@@ -21,17 +22,32 @@ public:
 
     [[nodiscard]] const QString& searchText() const { return search; }
     [[nodiscard]] const std::optional<Uuid>& selectedTagId() const { return tagId; }
+    /// What the tag editor was last opened for; none for a new tag.
+    [[nodiscard]] Tag* editingTag() const { return editedTag; }
+    [[nodiscard]] bool isPresentingTagEditor() const { return presentingTagEditor; }
     void setSearchText(const QString& text);
     void setSelectedTagId(const std::optional<Uuid>& id);
+
+    /// Opens the tag editor for a new tag.
+    void onCreateTag();
+    void onEditTag(Tag* tag);
+
     /// For what reaches in from outside the window, such as a new prompt asked for by the desktop.
     [[nodiscard]] PromptListView& promptList() const { return *list; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void connectSidebar();
+    void presentTagEditor(Tag* tag);
+
+    ModelContext& modelContext;
     QString search;
     std::optional<Uuid> tagId;
+    Tag* editedTag = nullptr;
+    bool presentingTagEditor = false;
     SidebarView* sidebar;
     PromptListView* list;
 };

@@ -1,11 +1,12 @@
 #include "mainwindow/SidebarView.h"
 
 #include "interface/Label.h"
+#include "interface/ScrollArea.h"
 #include "interface/Symbol.h"
 #include "interface/TextField.h"
 #include "interface/Theme.h"
 #include "library/PromptSearch.h"
-#include "SidebarRow.h"
+#include "library/tags/SidebarTagsSection.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int columnWidth = 320;
 constexpr int sidePadding = 12;
+constexpr int fadeHeight = 36;
 constexpr int titleHeight = 56;
 constexpr int smallestTitlePadding = 20; ///< above and below together
 
@@ -34,41 +36,48 @@ protected:
     }
 };
 
-QLayout* sectionHeading(const QString& title, QWidget* parent) {
-    auto* label = new Label(title, TextStyle::caption, ColorRole::text3, parent);
-    label->setTextStyle(TextStyle::caption, QFont::DemiBold);
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(8, 20, 8, 6);
-    row->addWidget(label);
-    return row;
-}
-
 } // namespace
 
-SidebarView::SidebarView(QWidget* parent) : QWidget(parent) {
+SidebarView::SidebarView(ModelContext& modelContext, QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("SidebarView"));
     setFixedWidth(columnWidth);
-    build();
-    connect(searchField, &QLineEdit::textChanged, this, &SidebarView::searchTextChanged);
-    connect(allPrompts, &QAbstractButton::clicked, this, [this] {
-        setSelectedTagId(allPromptsId);
-        Q_EMIT selectedTagIdChanged(tagId);
-    });
+    build(modelContext);
+    connectParts();
 }
 
-void SidebarView::build() {
+void SidebarView::build(ModelContext& modelContext) {
     searchField = new TextField(QStringLiteral("Search"), TextField::Variant::framed, this);
     searchField->setSymbol(QStringLiteral("magnifyingglass"));
-    allPrompts = new SidebarRow(QStringLiteral("tray.fill"), QStringLiteral("All Prompts"), this);
+    rows = new ScrollArea(this);
+    section = new SidebarTagsSection(modelContext, allPromptsId);
+    rows->setContent(section);
+    rows->setBottomFade(ColorRole::sidebar, fadeHeight);
+    auto* top = new QVBoxLayout;
+    top->setContentsMargins(sidePadding, 0, sidePadding, 0);
+    top->setSpacing(0);
+    top->addWidget(buildTitle());
+    top->addWidget(searchField);
     auto* layout = new QVBoxLayout(this);
-    // One more at the right, for the line beside the list.
-    layout->setContentsMargins(sidePadding, 0, sidePadding + 1, sidePadding);
+    // Room for the line beside the list.
+    layout->setContentsMargins(0, 0, 1, 0);
     layout->setSpacing(0);
-    layout->addWidget(buildTitle());
-    layout->addWidget(searchField);
-    layout->addLayout(sectionHeading(QStringLiteral("Filters"), this));
-    layout->addWidget(allPrompts);
-    layout->addStretch();
+    layout->addLayout(top);
+    layout->addWidget(rows, 1);
+}
+
+void SidebarView::connectParts() {
+    connect(searchField, &QLineEdit::textChanged, this, &SidebarView::searchTextChanged);
+    connect(section, &SidebarTagsSection::selectedTagIdChanged, this, &SidebarView::selectedTagIdChanged);
+    connect(section, &SidebarTagsSection::revealed, this,
+            [this](QWidget* row) { rows->ensureWidgetVisible(row, 0, 8); });
+    section->onCreate = [this] {
+        if (onCreateTag)
+            onCreateTag();
+    };
+    section->onEdit = [this](Tag* tag) {
+        if (onEditTag)
+            onEditTag(tag);
+    };
 }
 
 QWidget* SidebarView::buildTitle() {
@@ -97,17 +106,12 @@ void SidebarView::setSearchText(const QString& text) {
         searchField->setText(text);
 }
 
-void SidebarView::setSelectedTagId(const std::optional<Uuid>& id) {
-    tagId = id;
-    allPrompts->setChecked(tagId == allPromptsId);
+const std::optional<Uuid>& SidebarView::selectedTagId() const {
+    return section->selectedTagId();
 }
 
-void SidebarView::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    if (tagId)
-        return;
-    setSelectedTagId(allPromptsId);
-    Q_EMIT selectedTagIdChanged(tagId);
+void SidebarView::setSelectedTagId(const std::optional<Uuid>& id) {
+    section->setSelectedTagId(id);
 }
 
 void SidebarView::paintEvent(QPaintEvent*) {

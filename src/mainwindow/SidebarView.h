@@ -4,24 +4,33 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 namespace Quillstacks {
 
-class SidebarRow;
+class ModelContext;
+class ScrollArea;
+class SidebarTagsSection;
+class Tag;
 class TextField;
 
-/// The left column of the main window: the search field and the filters. It shows the search text and the selected tag
-/// of the content view, and tells what the user makes of them.
+/// The left column of the main window: the search field, the filters and the tags. It shows the search text and the
+/// selected tag of the content view, and tells what the user makes of them.
 class SidebarView final : public QWidget {
     Q_OBJECT
 public:
-    explicit SidebarView(QWidget* parent = nullptr);
+    explicit SidebarView(ModelContext& modelContext, QWidget* parent = nullptr);
+
+    std::function<void()> onCreateTag;
+    std::function<void(Tag*)> onEditTag;
 
     [[nodiscard]] QString searchText() const;
-    [[nodiscard]] const std::optional<Uuid>& selectedTagId() const { return tagId; }
+    [[nodiscard]] const std::optional<Uuid>& selectedTagId() const;
     void setSearchText(const QString& text);
     void setSelectedTagId(const std::optional<Uuid>& id);
+    /// The rows, all prompts and the tags.
+    [[nodiscard]] SidebarTagsSection& tagsSection() const { return *section; }
 
 Q_SIGNALS:
     /// At each key press.
@@ -30,15 +39,15 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
-    void build();
+    void build(ModelContext& modelContext);
+    void connectParts();
     [[nodiscard]] QWidget* buildTitle();
 
-    std::optional<Uuid> tagId;
     TextField* searchField = nullptr;
-    SidebarRow* allPrompts = nullptr;
+    ScrollArea* rows = nullptr;
+    SidebarTagsSection* section = nullptr;
 };
 
 } // namespace Quillstacks

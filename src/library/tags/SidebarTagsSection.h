@@ -24,8 +24,8 @@ class TagRow;
 class SidebarTagsSection final : public QWidget {
     Q_OBJECT
 public:
-    /// `allPromptsId` stands for the row "All Prompts"; it is no tag's id.
-    SidebarTagsSection(ModelContext& modelContext, const Uuid& allPromptsId, QWidget* parent = nullptr);
+    /// `idOfAllPrompts` stands for the row "All Prompts"; it is no tag's id.
+    SidebarTagsSection(ModelContext& modelContext, const Uuid& idOfAllPrompts, QWidget* parent = nullptr);
 
     std::function<void()> onCreate;
     std::function<void(Tag*)> onEdit;
