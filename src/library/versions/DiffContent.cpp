@@ -68,7 +68,7 @@ QWidget* DiffContent::buildTitle() {
     title->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     oldTitle = new DiffRow(QStringLiteral("Old"), ColorRole::red);
     newTitle = new DiffRow(QStringLiteral("New"), ColorRole::green);
-    sameTitle = new ReadOnlyText(QStringLiteral("Title"), {.minimumLines = 2, .maximumLines = 6, .padding = {}});
+    sameTitle = new ReadOnlyText(QStringLiteral("Title"), {.minimumLines = 3, .maximumLines = 3, .padding = {}});
     auto* column = new QVBoxLayout(title);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);

@@ -15,20 +15,24 @@ constexpr int labelWidth = 40;
 constexpr int labelDrop = 3; ///< brings the label's base line to the text's
 constexpr qreal tintOpacity = 0.1;
 constexpr qreal radius = 6;
-constexpr int mostLines = 6;
+constexpr int paddingX = 10;
+constexpr int paddingY = 8;
+constexpr int mostLines = 3;
 
 } // namespace
 
 DiffRow::DiffRow(const QString& label, ColorRole color, QWidget* parent) : QWidget(parent), role(color) {
     setObjectName(QStringLiteral("DiffRow"));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    const ReadOnlyText::Shape shape{.minimumLines = mostLines, .maximumLines = mostLines, .padding = {}};
+    const int drop = ReadOnlyText::drop(shape);
     labelText = new Label(label, TextStyle::caption, color);
     labelText->setTextStyle(TextStyle::caption, QFont::DemiBold);
     labelText->setFixedWidth(labelWidth);
-    labelText->setContentsMargins(0, labelDrop, 0, 0);
-    valueText = new ReadOnlyText(label, {.minimumLines = 2, .maximumLines = mostLines, .padding = {}});
+    labelText->setContentsMargins(0, labelDrop + drop, 0, 0);
+    valueText = new ReadOnlyText(label, shape);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 8, 10, 8);
+    row->setContentsMargins(paddingX, paddingY - drop, paddingX, paddingY + drop);
     row->setSpacing(8);
     row->addWidget(labelText, 0, Qt::AlignTop);
     row->addWidget(valueText, 1);

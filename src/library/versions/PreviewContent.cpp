@@ -18,6 +18,7 @@ namespace Quillstacks {
 namespace {
 
 constexpr int sectionGap = 20;
+constexpr int captionGap = 4;
 constexpr int symbolSide = 16;
 
 /// The sign before the notice.
@@ -41,22 +42,24 @@ Label* caption(const QString& text) {
 
 PreviewContent::PreviewContent(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("PreviewContent"));
-    title = new ReadOnlyText(QStringLiteral("Title"),
-                             {.style = TextStyle::title3, .minimumLines = 2, .maximumLines = 6, .padding = {}});
-    body = new ReadOnlyText(QStringLiteral("Body"), {.leading = 2, .minimumLines = 5, .padding = {}});
+    const ReadOnlyText::Shape titleShape{
+        .style = TextStyle::title3, .minimumLines = 3, .maximumLines = 3, .padding = {}};
+    const ReadOnlyText::Shape bodyShape{.leading = 2, .minimumLines = 5, .padding = {}};
+    title = new ReadOnlyText(QStringLiteral("Title"), titleShape);
+    body = new ReadOnlyText(QStringLiteral("Body"), bodyShape);
     chips = new VersionTagChips;
     notice = buildNotice();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
     column->setSpacing(0);
     column->addWidget(caption(QStringLiteral("Title")));
-    column->addSpacing(4);
+    column->addSpacing(captionGap - ReadOnlyText::drop(titleShape));
     column->addWidget(title);
-    column->addSpacing(sectionGap);
+    column->addSpacing(sectionGap + ReadOnlyText::drop(titleShape));
     column->addWidget(caption(QStringLiteral("Body")));
-    column->addSpacing(4);
+    column->addSpacing(captionGap - ReadOnlyText::drop(bodyShape));
     column->addWidget(body);
-    column->addSpacing(sectionGap);
+    column->addSpacing(sectionGap + ReadOnlyText::drop(bodyShape));
     column->addWidget(caption(QStringLiteral("Tags")));
     column->addSpacing(7);
     column->addWidget(chips);

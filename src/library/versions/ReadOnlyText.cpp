@@ -3,6 +3,7 @@
 #include "interface/FocusRing.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFontMetricsF>
 #include <QResizeEvent>
 #include <QTextBlock>
 #include <QTextFrame>
@@ -57,17 +58,35 @@ void ReadOnlyText::refresh() {
     contentChanged();
 }
 
+int ReadOnlyText::drop(const Shape& shape) {
+    // Lines of a fixed height have their base line at four fifths of it.
+    const QFontMetricsF metrics(textFont(shape.style));
+    const qreal height = textLineHeight(shape.style) + shape.leading;
+    const qreal middle = (height - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent();
+    return std::max(0, static_cast<int>(std::round(0.8 * height - middle)));
+}
+
+QRectF ReadOnlyText::placeOf(const QTextBlock& block) const {
+    // The layout's own answer ends with the last line's glyphs. It has to be asked first, as it is what lays out.
+    QRectF place = document()->documentLayout()->blockBoundingRect(block);
+    place.setHeight(block.layout()->lineCount() * block.blockFormat().lineHeight());
+    return place;
+}
+
+int ReadOnlyText::aroundViewport() const {
+    return viewportMargins().top() + viewportMargins().bottom();
+}
+
 int ReadOnlyText::heightOfLines(int lines) const {
-    return lines * lineHeight() + shape.padding.top() + shape.padding.bottom();
+    return lines * lineHeight() + shape.padding.top() + shape.padding.bottom() + aroundViewport();
 }
 
 // Paragraph by paragraph, and no further than asked.
 int ReadOnlyText::laidOutHeight(int enough) const {
-    const QAbstractTextDocumentLayout* layout = document()->documentLayout();
     qreal bottom = 0;
     for (QTextBlock block = document()->begin(); block.isValid() && bottom < enough; block = block.next())
-        bottom = layout->blockBoundingRect(block).bottom();
-    return static_cast<int>(std::ceil(bottom)) + shape.padding.bottom();
+        bottom = placeOf(block).bottom();
+    return static_cast<int>(std::ceil(bottom)) + shape.padding.bottom() + aroundViewport();
 }
 
 int ReadOnlyText::wantedHeight() const {

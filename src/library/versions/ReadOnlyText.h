@@ -26,6 +26,11 @@ public:
     void setContent(const QString& text);
     [[nodiscard]] const QString& content() const { return shownText; }
 
+    /// How far the toolkit draws a text of this shape below the middle of its lines, in pixels.
+    [[nodiscard]] static int drop(const Shape& shape);
+    /// Where a paragraph stands in the document, its whole lines included.
+    [[nodiscard]] QRectF placeOf(const QTextBlock& block) const;
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -36,6 +41,7 @@ protected:
     void contentChanged();
 
 private:
+    [[nodiscard]] int aroundViewport() const;
     [[nodiscard]] int heightOfLines(int lines) const;
     [[nodiscard]] int wantedHeight() const;
     [[nodiscard]] int laidOutHeight(int enough) const;

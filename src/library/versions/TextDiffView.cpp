@@ -26,7 +26,8 @@ ReadOnlyText::Shape diffShape() {
     result.leading = 4;
     result.minimumLines = 5;
     result.radius = radius;
-    result.padding = {14 - edge, 12 - edge, 14 - edge, 12 - edge};
+    const int drop = ReadOnlyText::drop(result);
+    result.padding = {14 - edge, 12 - edge - drop, 14 - edge, 12 - edge + drop};
     return result;
 }
 
@@ -119,15 +120,14 @@ void TextDiffView::paintEvent(QPaintEvent* event) {
 
 // From edge to edge of the box, which a paragraph's own ground would not reach.
 void TextDiffView::paintTints(QPainter& painter) const {
-    const QAbstractTextDocumentLayout* layout = document()->documentLayout();
     const QRectF box = viewport()->rect();
-    const qreal scrolled = verticalScrollBar()->value();
+    const qreal scrolled = verticalScrollBar()->value() - drop(diffShape());
     QPainterPath inside;
     inside.addRoundedRect(box, radius - edge, radius - edge);
     painter.setRenderHint(QPainter::Antialiasing);
-    QTextBlock block = document()->findBlock(layout->hitTest(QPointF(0, scrolled), Qt::FuzzyHit));
+    QTextBlock block = document()->findBlock(document()->documentLayout()->hitTest(QPointF(0, scrolled), Qt::FuzzyHit));
     for (; block.isValid(); block = block.next()) {
-        const QRectF place = layout->blockBoundingRect(block).translated(0, -scrolled);
+        const QRectF place = placeOf(block).translated(0, -scrolled);
         if (place.top() >= box.bottom())
             break;
         const auto kind = static_cast<Kind>(block.blockFormat().intProperty(kindProperty));

@@ -35,6 +35,7 @@ VersionHistoryView::VersionHistoryView(ModelContext& context, Prompt& shownPromp
     build();
     connectParts();
     refresh();
+    (sorted.isEmpty() ? static_cast<QWidget*>(closeButton) : list)->setFocus(Qt::OtherFocusReason);
 }
 
 PromptVersion* VersionHistoryView::selectedVersion() const {
@@ -86,6 +87,7 @@ void VersionHistoryView::refresh() {
 }
 
 void VersionHistoryView::refreshDetail() {
+    list->rebind(); // all rows: the dates go on
     const PromptVersion* version = selectedVersion();
     detailTitle->setText(version ? QStringLiteral("Version Preview") : QStringLiteral("Current Version"));
     detailDate->setText(
@@ -93,6 +95,9 @@ void VersionHistoryView::refreshDetail() {
     modePicker->setVisible(version);
     restoreButton->setVisible(version);
     const bool compares = version && mode == ViewMode::diff;
+    // The keyboard would go on to whatever comes next, with a ring.
+    if ((compares ? static_cast<QWidget*>(preview) : diff)->isAncestorOf(window()->focusWidget()))
+        list->setFocus(Qt::OtherFocusReason);
     diff->setVisible(compares);
     preview->setVisible(!compares);
     if (compares)
@@ -125,7 +130,6 @@ void VersionHistoryView::bindRow(QWidget* row, int index) const {
 
 void VersionHistoryView::select(PromptVersion* version) {
     selected = sorted.contains(version) ? version : nullptr;
-    list->rebind(); // all of them: the dates go on
     const int row = selectedRow();
     list->ensureVisible(row);
     if (QWidget* shown = list->row(row))

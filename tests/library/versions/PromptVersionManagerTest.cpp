@@ -228,6 +228,36 @@ TEST_F(PromptVersionManagerTest, ofEqualDatesAtTheBoundaryTheLaterInTheListGoes)
     EXPECT_EQ(titles(), (QStringList{QStringLiteral("a"), QStringLiteral("b"), text(0)}));
 }
 
+TEST_F(PromptVersionManagerTest, ofEqualDatesTheOneThatStandsFirstCountsAsTheNewest) {
+    append(text(0), dateFromMicroseconds(1000));
+    append(QStringLiteral("later in the list"), dateFromMicroseconds(1000));
+    prompt->setBody(QString());
+    PromptVersionManager::createVersion(*prompt, context, 50);
+    EXPECT_EQ(prompt->versions().size(), 2) << "the first holds the same text";
+
+    prompt->setTitle(QStringLiteral("later in the list"));
+    PromptVersionManager::createVersion(*prompt, context, 50);
+    EXPECT_EQ(prompt->versions().size(), 3) << "though the last of them holds it";
+}
+
+TEST_F(PromptVersionManagerTest, aNewVersionOfTheSameDateAsAFullHistoryGoesItself) {
+    for (const char* title : {"a", "b", "c"})
+        append(QLatin1String(title), Clock::now());
+
+    PromptVersionManager::createVersion(*prompt, context, 3);
+
+    EXPECT_EQ(titles(), (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+}
+
+TEST_F(PromptVersionManagerTest, aNewVersionOlderThanAFullHistoryGoesItself) {
+    for (const char* title : {"a", "b"})
+        append(QLatin1String(title), Clock::now() + 1h); // before the clock was set back
+
+    PromptVersionManager::createVersion(*prompt, context, 2);
+
+    EXPECT_EQ(titles(), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+}
+
 TEST_F(PromptVersionManagerTest, prunedVersionsAreGoneFromTheStoreAfterTheSave) {
     edit(1, 5, 50);
     context.save();
