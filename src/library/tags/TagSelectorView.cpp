@@ -63,12 +63,18 @@ void TagSelectorView::createTag() {
     if (presentingTagEditor || Sheet::covers(this))
         return;
     presentingTagEditor = true;
+    const bool hadFocus = createButton->hasFocus();
     Sheet* sheet = TagEditorView::present(this, modelContext, editedTag, [this](Tag* created) {
         ticked.insert(created);
         refresh();
         Q_EMIT selectionChanged(ticked);
     });
-    connect(sheet, &Sheet::closed, this, [this] { presentingTagEditor = false; });
+    connect(sheet, &Sheet::closed, this, [this, hadFocus] {
+        presentingTagEditor = false;
+        // The button that had the keyboard is gone once there is a tag.
+        if (hadFocus && !createButton->isVisibleTo(this))
+            selector->setFocus(Qt::TabFocusReason);
+    });
 }
 
 } // namespace Quillstacks
