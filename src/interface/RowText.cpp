@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace Quillstacks {
@@ -24,12 +25,21 @@ QString flattened(const QString& text, qsizetype length) {
 
 } // namespace
 
-RowText::RowText(const QFont& font) : textFont(font) {
+RowText::RowText(const QFont& font) : usedFont(font) {
     const QFontMetricsF metrics(font);
     for (char16_t unit = u' '; unit < ascii.size(); ++unit)
         ascii[unit] = static_cast<float>(metrics.horizontalAdvance(QChar(unit)));
     for (const char16_t space : {u'\t', u'\n', u'\v', u'\f', u'\r'})
         ascii[space] = ascii[u' '];
+}
+
+const RowText& RowText::of(TextStyle style) {
+    static std::map<TextStyle, RowText> kept;
+    const QFont font = textFont(style);
+    const auto found = kept.try_emplace(style, font).first;
+    if (found->second.font() != font)
+        found->second = RowText(font);
+    return found->second;
 }
 
 float RowText::measured(char32_t character) const {
@@ -42,7 +52,7 @@ float RowText::measured(char32_t character) const {
         break;
     }
     const QString alone = QString::fromUcs4(&character, 1);
-    return static_cast<float>(std::max(QFontMetricsF(textFont).horizontalAdvance(alone), 0.0));
+    return static_cast<float>(std::max(QFontMetricsF(usedFont).horizontalAdvance(alone), 0.0));
 }
 
 float RowText::advance(char16_t unit) const {
@@ -109,11 +119,24 @@ qsizetype RowText::shownLength(const QString& text, qreal width, int lines) cons
     return end;
 }
 
-void RowText::draw(QPainter& painter, const QRectF& box, const QString& text, const QColor& color, int lines,
-                   int lineHeight) const {
-    const QString beginning = flattened(text, shownLength(text, box.width(), lines));
+std::unique_ptr<TextBlock> RowText::layOut(const QString& text, qreal width, int lines, int lineHeight) const {
+    const QString beginning = flattened(text, shownLength(text, width, lines));
+    return std::make_unique<TextBlock>(beginning, TextBlock::Format{usedFont, lineHeight, lines, Qt::AlignLeft}, width);
+}
+
+KeptRowText::KeptRowText() = default;
+KeptRowText::~KeptRowText() = default;
+
+void KeptRowText::draw(QPainter& painter, const QRectF& box, const QString& newText, TextStyle style,
+                       const QColor& color, int lines, int lineHeight) {
+    const RowText& rowText = RowText::of(style);
+    const TextBlock::Format format{rowText.font(), lineHeight, lines, Qt::AlignLeft};
+    if (!block || text != newText || block->width() != std::max(box.width(), 1.0) || block->usedFormat() != format) {
+        text = newText;
+        block = rowText.layOut(text, box.width(), lines, lineHeight);
+    }
     painter.setPen(color);
-    TextBlock(beginning, {textFont, lineHeight, lines, Qt::AlignLeft}, box.width()).draw(painter, box.topLeft());
+    block->draw(painter, box.topLeft());
 }
 
 } // namespace Quillstacks

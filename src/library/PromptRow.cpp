@@ -6,7 +6,6 @@
 #include "interface/ColorFromHex.h"
 #include "interface/Drawing.h"
 #include "interface/IconButton.h"
-#include "interface/RowText.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
 #include "library/model/Prompt.h"
@@ -15,7 +14,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <optional>
 
 namespace Quillstacks {
 namespace {
@@ -41,17 +39,10 @@ int textWidth(int rowWidth) {
     return std::clamp(rowWidth - textLeft - textRight, 0, maximumTextWidth);
 }
 
-// Kept: its table of advances is dear, and a list asks it for the height of every row.
-const RowText& bodyText() {
-    static std::optional<RowText> kept;
-    const QFont font = textFont(TextStyle::subheadline);
-    if (!kept || kept->font() != font)
-        kept.emplace(font);
-    return *kept;
-}
-
 int bodyLines(const Prompt& prompt, int width) {
-    return prompt.body().isEmpty() ? 0 : bodyText().lineCount(prompt.body(), width, maximumBodyLines);
+    return prompt.body().isEmpty()
+               ? 0
+               : RowText::of(TextStyle::subheadline).lineCount(prompt.body(), width, maximumBodyLines);
 }
 
 QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
@@ -66,26 +57,6 @@ QStringList shownTagNames(const Prompt& prompt) {
     for (const auto& [name, color] : shownTags(prompt))
         names += name;
     return names;
-}
-
-void paintText(QPainter& painter, const Prompt& prompt, int rowWidth) {
-    const Theme& theme = Theme::shared();
-    const int width = textWidth(rowWidth);
-    const int titleHeight = textLineHeight(TextStyle::headline);
-    int y = padding;
-    RowText(textFont(TextStyle::headline))
-        .draw(painter, QRectF(textLeft, y, width, titleHeight), PromptRow::titleOf(prompt),
-              theme.color(ColorRole::text), 1, titleHeight);
-    y += titleHeight;
-    if (const int lines = bodyLines(prompt, width); lines > 0) {
-        y += bodyGap;
-        const int lineHeight = textLineHeight(TextStyle::subheadline);
-        bodyText().draw(painter, QRectF(textLeft, y, width, lines * lineHeight), prompt.body(),
-                        theme.color(ColorRole::text2), lines, lineHeight);
-        y += lines * lineHeight;
-    }
-    if (!prompt.tags().isEmpty())
-        ChipStyle::row().paintRow(painter, QPointF(textLeft, y + tagsGap), width, tagSpacing, shownTags(prompt));
 }
 
 // Of a copy: the call may fill the row anew, callbacks included.
@@ -208,7 +179,26 @@ void PromptRow::paintEvent(QPaintEvent*) {
     const QColor hoverColor =
         withOpacity(theme.color(ColorRole::fillHover), theme.color(ColorRole::fillHover).alphaF() * hover.value());
     fillRounded(painter, rect(), cornerRadius, selected ? theme.color(ColorRole::fillSelect) : hoverColor);
-    paintText(painter, *shownPrompt, width());
+    paintTexts(painter);
+}
+
+void PromptRow::paintTexts(QPainter& painter) {
+    const Theme& theme = Theme::shared();
+    const int room = textWidth(width());
+    const int titleHeight = textLineHeight(TextStyle::headline);
+    int y = padding;
+    title.draw(painter, QRectF(textLeft, y, room, titleHeight), titleOf(*shownPrompt), TextStyle::headline,
+               theme.color(ColorRole::text), 1, titleHeight);
+    y += titleHeight;
+    if (const int lines = bodyLines(*shownPrompt, room); lines > 0) {
+        y += bodyGap;
+        const int lineHeight = textLineHeight(TextStyle::subheadline);
+        body.draw(painter, QRectF(textLeft, y, room, lines * lineHeight), shownPrompt->body(), TextStyle::subheadline,
+                  theme.color(ColorRole::text2), lines, lineHeight);
+        y += lines * lineHeight;
+    }
+    if (!shownPrompt->tags().isEmpty())
+        ChipStyle::row().paintRow(painter, QPointF(textLeft, y + tagsGap), room, tagSpacing, shownTags(*shownPrompt));
 }
 
 } // namespace Quillstacks

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "interface/RowText.h"
 #include "interface/Transition.h"
 
 #include <QWidget>
@@ -46,6 +47,7 @@ private:
     void setCopied(bool isCopied);
     void showButtons();
     void placeButtons();
+    void paintTexts(QPainter& painter);
 
     Prompt* shownPrompt = nullptr;
     bool selected = false;
@@ -55,6 +57,8 @@ private:
     IconButton* editButton;
     IconButton* copyButton;
     Transition hover;
+    KeptRowText title;
+    KeptRowText body;
 };
 
 } // namespace Quillstacks

@@ -4,7 +4,6 @@
 #include "interface/Chip.h"
 #include "interface/ColorFromHex.h"
 #include "interface/Drawing.h"
-#include "interface/RowText.h"
 #include "interface/Symbol.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
@@ -14,7 +13,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <map>
 
 namespace Quillstacks {
 
@@ -33,22 +31,8 @@ int textWidth(int width) {
     return width - 2 * inset - symbolGap - symbolSize;
 }
 
-/// Measuring goes through all rows of a library, so the tables of a font are made once.
-const RowText& rowText(TextStyle style) {
-    static std::map<TextStyle, RowText> texts;
-    const QFont font = textFont(style);
-    const auto found = texts.try_emplace(style, font).first;
-    if (found->second.font() != font)
-        found->second = RowText(font);
-    return found->second;
-}
-
-const RowText& bodyText() {
-    return rowText(TextStyle::caption);
-}
-
 int bodyLines(const QString& body, int width) {
-    return bodyText().lineCount(body, width, mostBodyLines);
+    return RowText::of(TextStyle::caption).lineCount(body, width, mostBodyLines);
 }
 
 QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
@@ -62,6 +46,7 @@ QList<std::pair<QString, QColor>> shownTags(const Prompt& prompt) {
 
 QuickAccessRow::QuickAccessRow(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("QuickAccessRow"));
+    connect(&Theme::shared(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 QString QuickAccessRow::titleText(const Prompt& prompt) {
@@ -81,14 +66,22 @@ int QuickAccessRow::heightFor(const Prompt& prompt, int width, const Metrics& me
     return 2 * inset + std::max(column, symbolSize);
 }
 
+// Most rows stay what they are while a search goes on, and what stays need not be painted again.
 void QuickAccessRow::setPrompt(const Prompt* prompt, bool isSelected) {
     const bool stateChanged = selected != isSelected;
+    Content newContent;
+    if (prompt)
+        newContent = {titleText(*prompt), prompt->body(), shownTags(*prompt)};
+    const bool showsAnother = (prompt == nullptr) != (shownPrompt == nullptr) || newContent != content;
     shownPrompt = prompt;
+    content = std::move(newContent);
     selected = isSelected;
-    setAccessibleName(prompt ? titleText(*prompt) : QString());
+    if (content.title != accessibleName())
+        setAccessibleName(content.title);
     if (stateChanged)
         announceState(this);
-    update();
+    if (stateChanged || showsAnother)
+        update();
 }
 
 void QuickAccessRow::paintEvent(QPaintEvent*) {
@@ -105,25 +98,23 @@ void QuickAccessRow::paintEvent(QPaintEvent*) {
                   theme.color(selected ? ColorRole::text : ColorRole::text2));
 }
 
-void QuickAccessRow::paintTexts(QPainter& painter) const {
+void QuickAccessRow::paintTexts(QPainter& painter) {
     const Theme& theme = Theme::shared();
     const int room = textWidth(width());
     int y = inset;
     const int titleHeight = textLineHeight(TextStyle::headline);
-    rowText(TextStyle::headline)
-        .draw(painter, QRectF(inset, y, room, titleHeight), titleText(*shownPrompt), theme.color(ColorRole::text), 1,
-              titleHeight);
+    title.draw(painter, QRectF(inset, y, room, titleHeight), content.title, TextStyle::headline,
+               theme.color(ColorRole::text), 1, titleHeight);
     y += titleHeight;
-    if (const QString& body = shownPrompt->body(); !body.isEmpty()) {
+    if (!content.body.isEmpty()) {
         const int line = textLineHeight(TextStyle::caption);
-        const int lines = bodyLines(body, room);
-        bodyText().draw(painter, QRectF(inset, y + columnGap, room, lines * line), body, theme.color(ColorRole::text2),
-                        lines, line);
+        const int lines = bodyLines(content.body, room);
+        body.draw(painter, QRectF(inset, y + columnGap, room, lines * line), content.body, TextStyle::caption,
+                  theme.color(ColorRole::text2), lines, line);
         y += columnGap + lines * line;
     }
-    if (!shownPrompt->tags().isEmpty())
-        ChipStyle::quickAccess().paintRow(painter, QPointF(inset, y + columnGap), room, tagGap, shownTags(*shownPrompt),
-                                          selected);
+    if (!content.tags.isEmpty())
+        ChipStyle::quickAccess().paintRow(painter, QPointF(inset, y + columnGap), room, tagGap, content.tags, selected);
 }
 
 } // namespace Quillstacks

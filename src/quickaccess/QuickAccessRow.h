@@ -1,8 +1,14 @@
 #pragma once
 
+#include "interface/RowText.h"
+
+#include <QColor>
+#include <QList>
+#include <QString>
 #include <QWidget>
 
 #include <functional>
+#include <utility>
 
 namespace Quillstacks {
 
@@ -37,10 +43,20 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void paintTexts(QPainter& painter) const;
+    /// What is painted of a prompt.
+    struct Content {
+        QString title;
+        QString body;
+        QList<std::pair<QString, QColor>> tags;
+        bool operator==(const Content&) const = default;
+    };
+    void paintTexts(QPainter& painter);
 
     const Prompt* shownPrompt = nullptr;
+    Content content;
     bool selected = false;
+    KeptRowText title;
+    KeptRowText body;
 };
 
 } // namespace Quillstacks

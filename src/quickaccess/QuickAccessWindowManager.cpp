@@ -81,15 +81,15 @@ void QuickAccessWindowManager::close() {
 void QuickAccessWindowManager::prepare() {
     if (!container || isVisible())
         return;
-    if (!panel) {
+    if (!panel)
         createPanel();
-        warmUp();
-    }
     if (!isRootFresh)
         renewRootView();
     panel->setGeometry(panelFrame());
     panel->rootView()->setGeometry(panel->rect()); // a panel that is hidden passes its size on only when it is shown
+    panel->winId();                                // closing it took its native window away
     panel->rootView()->prepare();
+    drawAhead();
 }
 
 void QuickAccessWindowManager::show() {
@@ -123,17 +123,12 @@ void QuickAccessWindowManager::createPanel() {
     });
 }
 
-// Draws the panel once where nobody sees it: glyphs, symbols and the shadow are kept from then on, so that the first
-// press is as quick as the later ones.
-void QuickAccessWindowManager::warmUp() {
-    panel->winId();
-    renewRootView();
-    panel->rootView()->appear();
+// Draws the panel once where nobody sees it: glyphs, symbols, the shadow and the rows' layouts are kept from then on.
+void QuickAccessWindowManager::drawAhead() {
     const qreal ratio = panel->devicePixelRatioF();
     QImage image(panel->size() * ratio, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
     panel->render(&image);
-    isRootFresh = false;
 }
 
 void QuickAccessWindowManager::renewRootView() {

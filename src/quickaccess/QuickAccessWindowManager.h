@@ -45,7 +45,7 @@ public:
 private:
     void show();
     void createPanel();
-    void warmUp();
+    void drawAhead();
     void renewRootView();
     void blurBehind();
     void followCard();

@@ -92,7 +92,7 @@ TEST(RowText, onlyTheBeginningOfAHugeTextIsLookedAt) {
     QElapsedTimer timer;
     timer.start();
     EXPECT_EQ(rows.lineCount(huge, 400), 2);
-    rows.draw(painter, image.rect(), huge, Qt::black, 2, 18);
+    rows.layOut(huge, image.width(), 2, 18)->draw(painter, {});
     // A layout of the whole takes seconds; this leaves room for the slowest machine.
     EXPECT_LT(timer.elapsed(), 250);
 }
@@ -101,7 +101,7 @@ TEST(RowText, drawsInTheLinesItIsGivenOnly) {
     QImage image(200, 60, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     QPainter painter(&image);
-    rowText().draw(painter, image.rect(), QStringLiteral("mmmm ").repeated(50), Qt::black, 1, 20);
+    rowText().layOut(QStringLiteral("mmmm ").repeated(50), image.width(), 1, 20)->draw(painter, {});
     painter.end();
     bool below = false;
     bool within = false;
