@@ -8,6 +8,7 @@
 #include "library/model/ModelContainer.h"
 #include "library/PromptEditorView.h"
 #include "library/PromptListView.h"
+#include "library/tags/TagEditorView.h"
 #include "mainwindow/ContentView.h"
 #include "platform/Windows.h"
 #include "shell/BusyIndicator.h"
@@ -31,6 +32,15 @@ namespace Quillstacks {
 namespace {
 
 constexpr QSize firstSize{1280, 800};
+
+template <typename Editor>
+bool anyHoldsUnsavedTyping(const QWidget& window) {
+    return std::ranges::any_of(window.findChildren<Editor*>(), [](const Editor* editor) {
+        // What a sheet holds that is leaving already was saved, or given up.
+        const Sheet* sheet = Sheet::of(editor);
+        return editor->holdsUnsavedTyping() && !(sheet && sheet->isDismissed());
+    });
+}
 
 } // namespace
 
@@ -117,11 +127,7 @@ ContentView* MainWindow::contentView() const {
 }
 
 bool MainWindow::holdsUnsavedTyping() const {
-    return std::ranges::any_of(findChildren<PromptEditorView*>(), [](const PromptEditorView* editor) {
-        // What a sheet holds that is leaving already was saved, or given up.
-        const Sheet* sheet = Sheet::of(editor);
-        return editor->holdsUnsavedTyping() && !(sheet && sheet->isDismissed());
-    });
+    return anyHoldsUnsavedTyping<PromptEditorView>(*this) || anyHoldsUnsavedTyping<TagEditorView>(*this);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {

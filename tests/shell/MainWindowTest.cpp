@@ -4,6 +4,7 @@
 #include "interface/Label.h"
 #include "interface/Sheet.h"
 #include "library/PromptEditorView.h"
+#include "library/tags/TagEditorView.h"
 #include "mainwindow/ContentView.h"
 #include "shell/BusyIndicator.h"
 #include "shell/DataStoreError.h"
@@ -221,6 +222,23 @@ TEST_F(MainScene, quittingWithAnEditorThatHoldsNothingNewEndsTheProgram) {
     window.findChild<PromptEditorView*>()->setTitle(QStringLiteral("T"));
     window.findChild<PromptEditorView*>()->setTitle(QString());
     EXPECT_EQ(runUntilExit([] { quit(); }), 0);
+}
+
+TEST_F(MainScene, quittingWithTypingInTheTagEditorBringsItForwardInsteadOfLosingIt) {
+    MainWindow window({container.get(), {}});
+    window.open();
+    window.contentView()->onCreateTag();
+    EXPECT_EQ(runUntilExit([] { quit(); }), 0) << "nothing is typed yet";
+    window.findChild<TagEditorView*>()->setName(QStringLiteral("Onboarding"));
+    window.close();
+    const int status = runUntilExit([] {
+        quit();
+        MainQueue::async(nullptr, [] { QCoreApplication::exit(7); });
+    });
+    EXPECT_EQ(status, 7) << "the program went on";
+    EXPECT_TRUE(window.isVisible());
+    ASSERT_TRUE(window.findChild<TagEditorView*>());
+    EXPECT_EQ(window.findChild<TagEditorView*>()->name(), QStringLiteral("Onboarding"));
 }
 
 TEST_F(MainScene, quittingWhileAnEditorIsOnItsWayOutEndsTheProgram) {
