@@ -1,5 +1,6 @@
 #include "variables/TokenTextView.h"
 
+#include "interface/PlainTextDocument.h"
 #include "TokenAccessible.h"
 #include "TokenObject.h"
 
@@ -61,6 +62,12 @@ void TokenTextView::contextMenuEvent(QContextMenuEvent* event) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(event->globalPos());
     event->accept();
+}
+
+void TokenTextView::insertText(const QString& text) {
+    // The view's own caret follows by itself, and goes where the coordinator puts it: it must not be set again here.
+    QTextCursor cursor = textCursor();
+    PlainTextDocument::insert(cursor, text, {});
 }
 
 void TokenTextView::refresh() {

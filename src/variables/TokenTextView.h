@@ -34,6 +34,7 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void insertText(const QString& text) override;
     void refresh() override;
 
 private:
