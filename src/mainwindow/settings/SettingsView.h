@@ -1,0 +1,50 @@
+#pragma once
+
+#include "interface/Sheet.h"
+#include "mainwindow/settings/SettingsTab.h"
+
+#include <QWidget>
+
+class QLayout;
+
+namespace Quillstacks {
+
+class ScrollArea;
+class SegmentedPicker;
+
+/// The sheet with every setting of the program, on two tabs. What is changed is written at once; the sheet itself has
+/// nothing to apply or to take back.
+class SettingsView final : public QWidget {
+    Q_OBJECT
+public:
+    explicit SettingsView(QWidget* parent = nullptr);
+
+    // State
+    [[nodiscard]] SettingsTab selectedTab() const { return tab; }
+    [[nodiscard]] bool showLogExportHelp() const { return showingLogExportHelp; }
+
+    // Actions
+    /// Builds the view of the tab; the other tab's goes.
+    void selectTab(SettingsTab tab);
+    void presentLogExportHelp();
+    void dismiss();
+
+    /// How the sheet is to be presented.
+    [[nodiscard]] static Sheet::Options sheetOptions();
+    [[nodiscard]] QSize sizeHint() const override;
+
+Q_SIGNALS:
+    void closed();
+
+private:
+    void build();
+    [[nodiscard]] QLayout* buildFooter();
+    [[nodiscard]] QWidget* makeTab();
+
+    SettingsTab tab = SettingsTab::general;
+    bool showingLogExportHelp = false;
+    SegmentedPicker* picker = nullptr;
+    ScrollArea* content = nullptr;
+};
+
+} // namespace Quillstacks

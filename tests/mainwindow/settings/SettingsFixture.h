@@ -1,0 +1,72 @@
+#pragma once
+
+#include "foundation/ManualClock.h"
+#include "interface/Button.h"
+#include "interface/Label.h"
+#include "interface/SegmentedPicker.h"
+#include "interface/Sheet.h"
+#include "interface/Theme.h"
+#include "mainwindow/settings/SettingsView.h"
+#include "platform/FakeDesktop.h"
+#include "support/TestPreferences.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace Quillstacks {
+
+/// The settings as a sheet of a window that has the keyboard, on a desktop of their own whose time stands still.
+class SettingsFixture : public testing::Test {
+protected:
+    SettingsFixture() {
+        FakeDesktop::fresh();
+        Theme::shared().refresh();
+    }
+
+    void open(const QSize& windowSize = {1280, 720}) {
+        window.resize(windowSize);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        auto content = std::make_unique<SettingsView>();
+        settings = content.get();
+        sheet = Sheet::present(&window, std::move(content), SettingsView::sheetOptions());
+        QObject::connect(settings, &SettingsView::closed, sheet, &Sheet::dismiss);
+        QCoreApplication::processEvents(); // lays it out
+    }
+    /// A key as the window system delivers it: to whatever has the keyboard.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window.windowHandle(), key, modifiers);
+    }
+    void click(const QWidget* widget) {
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget->mapTo(&window, widget->rect().center()));
+    }
+    /// The control with this name that can be seen in the window; nullptr for none.
+    template <typename Control = QAbstractButton>
+    [[nodiscard]] Control* named(const QString& accessibleName, const QWidget* within = nullptr) const {
+        const QWidget* place = within ? within : &window;
+        for (Control* control : place->findChildren<Control*>())
+            if (control->accessibleName() == accessibleName && control->isVisibleTo(place))
+                return control;
+        return nullptr;
+    }
+    [[nodiscard]] static QStringList texts(const QWidget& within) {
+        QStringList result;
+        for (const Label* label : within.findChildren<Label*>())
+            if (label->isVisibleTo(&within))
+                result += label->text();
+        return result;
+    }
+    [[nodiscard]] QWidget* part(const char* name) const {
+        return window.findChild<QWidget*>(QString::fromLatin1(name));
+    }
+
+    TestPreferences preferences;
+    ManualClock clock;
+    QWidget window;
+    SettingsView* settings = nullptr;
+    QPointer<Sheet> sheet;
+};
+
+} // namespace Quillstacks
