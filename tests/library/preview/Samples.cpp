@@ -22,9 +22,11 @@ constexpr Sample samples[] = {
      "one thing that is done well.",
      "Code Review"},
     {"Explain a hard idea simply",
-     "You are a patient teacher who has explained {topic} many times. Explain {topic} to {audience} in at most "
-     "{length} words. Follow this order: 1. One sentence that says what it is for. 2. An everyday comparison that "
-     "carries most of the idea. 3. Where that comparison breaks down, and what really happens.",
+     "You are a patient teacher who has explained {topic} many times.\n\nExplain {topic} to {audience} in at most "
+     "{length} words. Follow this order:\n\n1. One sentence that says what it is for.\n2. An everyday comparison that "
+     "carries most of the idea.\n3. Where that comparison breaks down, and what really happens.\n4. One question that "
+     "shows whether the reader has understood.\n\nWrite in a {tone} tone. Avoid jargon; where a term can't be avoided, "
+     "define it in the same sentence.\n\nIf {topic} is disputed, say so in one line and name the two main positions.",
      "Learning Writing"},
     {"Meeting notes to decisions",
      "Turn these raw notes from {{meeting}} into three lists: decisions, owners with dates, open questions. Leave out "

@@ -12,6 +12,7 @@
 #include "library/PromptListView.h"
 #include "mainwindow/ContentView.h"
 #include "Samples.h"
+#include "TagPictures.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -24,6 +25,7 @@ using namespace Quillstacks;
 namespace {
 
 constexpr int settleTime = 700; ///< milliseconds, longer than any animation
+constexpr int halfAFold = 100;
 
 /// Takes one picture after another of a content view, and leaves it each time as it was.
 class Camera final {
@@ -74,13 +76,25 @@ private:
     void takeEditors(Prompt* prompt) {
         PromptListView& list = view.promptList();
         view.resize(1440, 900);
+        prompt->appendVersion(std::make_unique<PromptVersion>(prompt->id(), QStringLiteral("Explain an idea"),
+                                                              QStringLiteral("Explain {topic}."), prompt->tags()));
         list.edit(prompt);
         take("editor");
+        auto* editor = qobject_cast<PromptEditorView*>(Sheet::top(&list)->content());
+        editor->setVariablesCollapsed(true);
+        QTest::qWait(halfAFold);
+        view.grab().save(folder + QStringLiteral("/editor-folding.png"));
+        take("editor-collapsed");
+        editor->showVersionHistory();
+        take("editor-history");
         Sheet::top(&list)->dismiss();
+        Sheet::of(editor)->dismiss();
         list.newPrompt();
         take("editor-new");
         view.resize(1280, 720);
         take("editor-small-window");
+        view.resize(700, 500);
+        take("editor-smallest-window");
         Sheet::top(&list)->dismiss();
     }
 
@@ -113,6 +127,7 @@ int main(int argc, char** argv) {
     camera.take("empty");
     addSamples(container.mainContext());
     QTest::qWait(settleTime);
+    takeTagPictures(view, container.mainContext(), folder);
     camera.takeAll(container.mainContext());
     return 0;
 }
