@@ -79,21 +79,24 @@ TEST_F(VersionHistory, theSelectedRowHasACheckmarkAndTheCurrentOneADot) {
     addVersion("first");
     present();
     const Theme& theme = Theme::shared();
-    const auto dot = [&](int index) {
-        return showsSymbol(row(index), QStringLiteral("circle.fill"), 9, theme.color(ColorRole::green));
-    };
     const auto ground = [this](int index) { return row(index).grab().toImage().pixelColor(row(index).width() / 2, 4); };
-    EXPECT_TRUE(dot(0));
-    EXPECT_FALSE(dot(1));
+    const auto checkmark = [this](int index) { // within the disc, left of the hook
+        return row(index).grab().toImage().pixelColor(row(index).width() - 8 - 16, row(index).height() / 2);
+    };
     const QColor selected = ground(0);
     const QColor other = ground(1);
     EXPECT_NE(selected, other);
+    EXPECT_EQ(checkmark(0), theme.color(ColorRole::blue));
+    EXPECT_EQ(checkmark(1), other);
 
     view->select(view->sortedVersions().first());
 
-    EXPECT_TRUE(dot(0));
     EXPECT_EQ(ground(1), selected);
     EXPECT_EQ(ground(0), other);
+    EXPECT_EQ(checkmark(1), theme.color(ColorRole::blue));
+    EXPECT_EQ(checkmark(0), other);
+    EXPECT_TRUE(showsSymbol(row(0), QStringLiteral("circle.fill"), 9, theme.color(ColorRole::green)));
+    EXPECT_NE(row(1).grab().toImage().pixelColor(12, row(1).height() / 2), theme.color(ColorRole::green));
 }
 
 TEST_F(VersionHistory, aClickSelectsAVersionAndAnotherTheCurrentState) {
