@@ -1,6 +1,7 @@
 #include "PromptListHeader.h"
 
 #include "interface/Button.h"
+#include "interface/Divider.h"
 #include "interface/Label.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr int usualHeight = 64;
 constexpr int smallestPadding = 16; ///< above and below together
 constexpr int smallestButton = 44;
+constexpr int dividerHeight = 20;
 
 } // namespace
 
@@ -62,6 +64,20 @@ void PromptListHeader::fitFont() {
 void PromptListHeader::setCount(const QString& text) {
     count->setText(text);
     count->setVisible(!text.isEmpty());
+}
+
+void PromptListHeader::addWindowItem(QWidget* item) {
+    if (!windowItems) {
+        auto* line = new Divider(Qt::Vertical, ColorRole::separatorStrong, this);
+        line->setFixedHeight(dividerHeight);
+        windowItems = new QHBoxLayout;
+        windowItems->setContentsMargins(6, 0, 0, 0);
+        windowItems->setSpacing(8);
+        windowItems->addWidget(line, 0, Qt::AlignVCenter);
+        windowItems->addSpacing(6);
+        static_cast<QHBoxLayout*>(layout())->addLayout(windowItems);
+    }
+    windowItems->addWidget(item);
 }
 
 void PromptListHeader::setDeleteEnabled(bool enabled) {

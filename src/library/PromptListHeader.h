@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QHBoxLayout;
+
 namespace Quillstacks {
 
 class Button;
@@ -16,6 +18,8 @@ public:
     /// Empty for no count.
     void setCount(const QString& text);
     void setDeleteEnabled(bool enabled);
+    /// Puts a control of the whole window after the list's own buttons, divided from them by a line.
+    void addWindowItem(QWidget* item);
 
 Q_SIGNALS:
     void newPromptRequested();
@@ -29,6 +33,7 @@ private:
     Label* count;
     Button* newButton;
     Button* deleteButton;
+    QHBoxLayout* windowItems = nullptr; ///< made with the first one
 };
 
 } // namespace Quillstacks

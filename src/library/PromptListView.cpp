@@ -267,6 +267,10 @@ void PromptListView::togglePin(Prompt* prompt) {
                                 toastSeconds);
 }
 
+void PromptListView::addWindowItem(QWidget* item) {
+    header->addWindowItem(item);
+}
+
 Menu* PromptListView::makeContextMenu(Prompt* prompt) {
     auto* menu = new Menu(this);
     menu->add(QStringLiteral("pencil"), QStringLiteral("Edit"), [this, prompt] { edit(prompt); });

@@ -55,6 +55,8 @@ public:
     void cancelDeletion();
     void copy(Prompt* prompt);
     void togglePin(Prompt* prompt);
+    /// Puts a control of the whole window at the end of the list's header.
+    void addWindowItem(QWidget* item);
     /// The list's context menu for a prompt, not shown yet.
     [[nodiscard]] Menu* makeContextMenu(Prompt* prompt);
 

@@ -1,16 +1,19 @@
 #include "mainwindow/ContentView.h"
 
+#include "interface/IconButton.h"
 #include "interface/Sheet.h"
 #include "interface/Theme.h"
 #include "interface/Typing.h"
 #include "library/model/ModelContext.h"
 #include "library/PromptListView.h"
 #include "library/tags/TagEditorView.h"
+#include "mainwindow/settings/SettingsView.h"
 #include "mainwindow/SidebarView.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QShortcut>
 
 namespace Quillstacks {
 
@@ -24,6 +27,7 @@ ContentView::ContentView(ModelContext& context, QWidget* parent)
     columns->addWidget(sidebar);
     columns->addWidget(list, 1);
     connectSidebar();
+    buildToolbar();
     // The list's keys work from the start; the search field is a click or a Tab away.
     list->setFocus(Qt::OtherFocusReason);
 }
@@ -33,6 +37,15 @@ void ContentView::connectSidebar() {
     connect(sidebar, &SidebarView::selectedTagIdChanged, this, &ContentView::setSelectedTagId);
     sidebar->onCreateTag = [this] { onCreateTag(); };
     sidebar->onEditTag = [this](Tag* tag) { onEditTag(tag); };
+}
+
+void ContentView::buildToolbar() {
+    auto* settings = new IconButton(QStringLiteral("gear"), QStringLiteral("Settings"));
+    settings->setSymbolSize(19);
+    connect(settings, &QAbstractButton::clicked, this, &ContentView::presentSettings);
+    list->addWindowItem(settings);
+    auto* settingsKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), this);
+    connect(settingsKey, &QShortcut::activated, this, &ContentView::presentSettings);
 }
 
 void ContentView::setSearchText(const QString& text) {
@@ -68,6 +81,17 @@ void ContentView::presentTagEditor(Tag* tag) {
         presentingTagEditor = false;
         modelContext.processPendingChanges();
     });
+}
+
+void ContentView::presentSettings() {
+    if (presentingSettings || Sheet::covers(this))
+        return;
+    presentingSettings = true;
+    auto settings = std::make_unique<SettingsView>();
+    SettingsView* view = settings.get();
+    Sheet* sheet = Sheet::present(this, std::move(settings), SettingsView::sheetOptions());
+    connect(view, &SettingsView::closed, sheet, &Sheet::dismiss);
+    connect(sheet, &Sheet::closed, this, [this] { presentingSettings = false; });
 }
 
 void ContentView::keyPressEvent(QKeyEvent* event) {

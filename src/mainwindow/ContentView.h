@@ -25,12 +25,14 @@ public:
     /// What the tag editor was last opened for; none for a new tag.
     [[nodiscard]] Tag* editingTag() const { return editedTag; }
     [[nodiscard]] bool isPresentingTagEditor() const { return presentingTagEditor; }
+    [[nodiscard]] bool isPresentingSettings() const { return presentingSettings; }
     void setSearchText(const QString& text);
     void setSelectedTagId(const std::optional<Uuid>& id);
 
     /// Opens the tag editor for a new tag.
     void onCreateTag();
     void onEditTag(Tag* tag);
+    void presentSettings();
 
     /// For what reaches in from outside the window, such as a new prompt asked for by the desktop.
     [[nodiscard]] PromptListView& promptList() const { return *list; }
@@ -41,6 +43,7 @@ protected:
 
 private:
     void connectSidebar();
+    void buildToolbar();
     void presentTagEditor(Tag* tag);
 
     ModelContext& modelContext;
@@ -48,6 +51,7 @@ private:
     std::optional<Uuid> tagId;
     Tag* editedTag = nullptr;
     bool presentingTagEditor = false;
+    bool presentingSettings = false;
     SidebarView* sidebar;
     PromptListView* list;
 };
