@@ -10,6 +10,19 @@
 #include <algorithm>
 
 namespace Quillstacks {
+namespace {
+
+/// Content whose height depends on its width is as high as it needs at this one. What it calls its smallest height
+/// counts each text as broken at some comfortable width, and would leave a gap at the end.
+void fitHeight(const QScrollArea& area) {
+    QWidget* content = area.widget();
+    if (!content || !area.widgetResizable() || !content->hasHeightForWidth())
+        return;
+    const int width = std::max(area.viewport()->width(), content->minimumSizeHint().width());
+    content->setMinimumHeight(std::max(1, content->heightForWidth(width)));
+}
+
+} // namespace
 
 ScrollArea::ScrollArea(QWidget* parent) : QScrollArea(parent) {
     setFrameShape(QFrame::NoFrame);
@@ -95,13 +108,16 @@ void ScrollArea::keyPressEvent(QKeyEvent* event) {
 }
 
 void ScrollArea::resizeEvent(QResizeEvent* event) {
+    fitHeight(*this);
     QScrollArea::resizeEvent(event);
     placeFades();
 }
 
 bool ScrollArea::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == widget() && event->type() == QEvent::LayoutRequest)
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        fitHeight(*this);
         updateGeometry();
+    }
     return QScrollArea::eventFilter(watched, event);
 }
 

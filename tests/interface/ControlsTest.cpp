@@ -2,6 +2,7 @@
 #include "interface/Chip.h"
 #include "interface/EdgeFade.h"
 #include "interface/KeyCap.h"
+#include "interface/Label.h"
 #include "interface/ScrollArea.h"
 #include "interface/SegmentedPicker.h"
 #include "interface/Stepper.h"
@@ -12,6 +13,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QVBoxLayout>
 
 namespace Quillstacks {
 namespace {
@@ -99,6 +101,28 @@ TEST_F(ScrollAreaOf, fadesOnlyWhereThereIsMore) {
     const QImage top = fades[0]->grab().toImage();
     EXPECT_NEAR(top.pixelColor(5, 0).red(), Theme::shared().color(ColorRole::sheet).red(), 1);
     EXPECT_NEAR(top.pixelColor(5, 27).red(), Theme::shared().color(ColorRole::window).red(), 1);
+}
+
+TEST_F(ScrollAreaOf, contentIsAsHighAsItsTextAtThisWidth) {
+    ScrollArea area(&window);
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* label = new Label(QStringLiteral("word ").repeated(60));
+    label->setMaximumLines(0);
+    column->addWidget(label);
+    area.setContent(content);
+    window.setLayout(new QVBoxLayout);
+    window.layout()->setContentsMargins(0, 0, 0, 0);
+    window.layout()->addWidget(&area);
+    showWindow({2400, 40});
+    EXPECT_EQ(label->heightForWidth(2400), label->lineHeight());
+    EXPECT_EQ(area.verticalScrollBar()->maximum(), 0) << "one line needs no scrolling";
+    window.resize(200, 40);
+    EXPECT_EQ(content->height(), label->heightForWidth(200));
+    EXPECT_EQ(area.verticalScrollBar()->maximum(), content->height() - 40);
+    label->setText(QStringLiteral("short"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return area.verticalScrollBar()->maximum() == 0; }, 2000));
 }
 
 class StepperOf : public InterfaceTest {
