@@ -32,10 +32,13 @@ void TokenObject::drawObject(QPainter* painter, const QRectF& frame, QTextDocume
                              const QTextFormat& format) {
     // The toolkit stands objects on the base line; a token's middle belongs where the letters' middle is.
     const qreal down =
-        VariableTokenAttachmentCell::height / 2.0 - std::round(QFontMetricsF(document->defaultFont()).capHeight() / 2);
+        VariableTokenAttachmentCell::height / 2.0 - std::floor(QFontMetricsF(document->defaultFont()).capHeight() / 2);
     const QTextCursor cursor = view->textCursor();
     const bool isSelected = position >= cursor.selectionStart() && position < cursor.selectionEnd();
     cellOf(format).draw(*painter, frame.translated(0, down), isSelected);
+    // The toolkit covers a selected object with half the selection's colour before it restores the painter.
+    if (isSelected)
+        painter->setOpacity(0);
 }
 
 } // namespace Quillstacks

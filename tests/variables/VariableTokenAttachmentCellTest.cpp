@@ -116,5 +116,28 @@ TEST_F(TokenCell, standsInTheMiddleOfItsLineOfText) {
     EXPECT_NEAR((top + bottom + 1) / 2.0, middle, 1);
 }
 
+TEST_F(TokenCell, aSelectedTokenHasNoWashOverItAndTheTextBehindItShows) {
+    view->setLineFormat(textFont(TextStyle::monoBody), 24);
+    open(QStringLiteral("ab {{topic}} cd"), 0);
+    select(0, 7);
+    view->clearFocus();
+    const QImage image = view->viewport()->grab().toImage().convertToFormat(QImage::Format_ARGB32);
+    QTextCursor cursor(view->document());
+    cursor.setPosition(3);
+    const QRect place = view->cursorRect(cursor);
+    const QColor accent = Theme::shared().color(ColorRole::accent);
+    const QColor label = Theme::shared().color(ColorRole::text);
+    int dots = 0;
+    int letters = 0;
+    for (int y = place.top(); y < place.bottom(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            dots += image.pixelColor(x, y) == accent && x > place.left() && x < place.left() + 18;
+            letters += x > place.left() + 75 && std::abs(image.pixelColor(x, y).green() - label.green()) < 40;
+        }
+    }
+    EXPECT_GT(dots, 12);
+    EXPECT_GT(letters, 5);
+}
+
 } // namespace
 } // namespace Quillstacks
