@@ -11,6 +11,7 @@
 #include "mainwindow/ContentView.h"
 #include "mainwindow/SidebarView.h"
 
+#include <QAbstractButton>
 #include <QCursor>
 #include <QTest>
 #include <QVBoxLayout>
@@ -36,7 +37,7 @@ void hover(QWidget& within, const QString& rowTitle) {
 }
 
 void takeSidebar(ContentView& view, ModelContext& context, const QString& folder) {
-    auto& section = view.findChild<SidebarView*>()->tagsSection();
+    SidebarTagsSection& section = view.findChild<SidebarView*>()->tagsSection();
     view.promptList().select(view.promptList().filteredPrompts().at(1));
     hover(section, QStringLiteral("Learning"));
     take(view, folder, "tags");
