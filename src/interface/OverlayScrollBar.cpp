@@ -24,7 +24,11 @@ void OverlayScrollBar::install(QAbstractScrollArea* area, bool horizontal) {
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     new OverlayScrollBar(area, Qt::Vertical);
     if (horizontal)
-        new OverlayScrollBar(area, Qt::Horizontal);
+        installHorizontal(area);
+}
+
+void OverlayScrollBar::installHorizontal(QAbstractScrollArea* area) {
+    new OverlayScrollBar(area, Qt::Horizontal);
 }
 
 OverlayScrollBar::OverlayScrollBar(QAbstractScrollArea* scrolled, Qt::Orientation direction)

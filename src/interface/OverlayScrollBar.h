@@ -16,6 +16,8 @@ class OverlayScrollBar final : public QWidget {
 public:
     /// Puts one at the right edge of the area and, if `horizontal`, one at its bottom.
     static void install(QAbstractScrollArea* area, bool horizontal = false);
+    /// The one at the bottom alone, for an area that has the other already.
+    static void installHorizontal(QAbstractScrollArea* area);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

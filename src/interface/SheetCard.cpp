@@ -1,6 +1,7 @@
 #include "SheetCard.h"
 
 #include "interface/Drawing.h"
+#include "interface/OverlayScrollBar.h"
 #include "interface/ScrollArea.h"
 #include "interface/Theme.h"
 
@@ -15,6 +16,7 @@ SheetCard::SheetCard(std::unique_ptr<QWidget> content, QWidget* parent)
     // The content's size is worked out here: it may give way down to its minimum before anything scrolls.
     scroll->setWidgetResizable(false);
     scroll->setContent(contentWidget);
+    OverlayScrollBar::installHorizontal(scroll);
     connect(&Theme::shared(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 

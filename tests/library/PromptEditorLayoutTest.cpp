@@ -16,6 +16,24 @@ TEST_F(PromptEditor, theSheetIsAtLeast1100By720WhereTheWindowIsLargeEnoughAndFit
     EXPECT_TRUE(QRect(0, 0, 900, 500).contains(card(QSize(900, 500))));
 }
 
+TEST_F(PromptEditor, inAWindowThatIsTooSmallTheSheetScrollsToWhatTheKeyboardReaches) {
+    const PromptEditorView& view = present();
+    window.resize(600, 400);
+    QCoreApplication::processEvents();
+    QWidget* cancel = visibleButton(view, QStringLiteral("Cancel"));
+    const auto place = [&](const QWidget* part) { return QRect(part->mapTo(&window, QPoint()), part->size()); };
+    EXPECT_FALSE(window.rect().contains(place(cancel)));
+    titleField(view).setFocus();
+    QTest::keyClick(&titleField(view), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(cancel->hasFocus());
+    EXPECT_TRUE(window.rect().contains(place(cancel)));
+    EXPECT_FALSE(window.rect().contains(place(&titleField(view))));
+    QTest::keyClick(cancel, Qt::Key_Tab);
+    EXPECT_TRUE(titleField(view).hasFocus());
+    EXPECT_GE(place(&titleField(view)).left(), 0);
+    EXPECT_GE(place(&titleField(view)).top(), 0);
+}
+
 TEST_F(PromptEditor, theTitleFieldIs40High) {
     const PromptEditorView& view = present();
     EXPECT_EQ(titleField(view).height(), 40);
