@@ -38,7 +38,7 @@ SettingsColumn::SettingsColumn(QWidget* parent) : QWidget(parent), items(new QVB
     layout->setContentsMargins(sidePadding, topPadding, sidePadding, endPadding);
     layout->setSpacing(0);
     layout->addLayout(items);
-    layout->addStretch();
+    layout->addStretch(1); // before any stretch within a card
 }
 
 void SettingsColumn::addCard(std::initializer_list<QWidget*> groups) {

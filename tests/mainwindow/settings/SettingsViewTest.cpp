@@ -116,6 +116,7 @@ TEST_F(SettingsWindow, keepsItsDistances) {
     const auto* card = settings->findChild<Card*>();
     EXPECT_EQ(place(card).left(), 32);
     EXPECT_EQ(place(card).width(), 900 - 64);
+    EXPECT_EQ(card->height(), card->heightForWidth(card->width())) << "as high as its content, wherever there is room";
     EXPECT_EQ(place(card->findChild<Label*>()).topLeft(), place(card).topLeft() + QPoint(20, 20));
 }
 
