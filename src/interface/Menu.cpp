@@ -3,6 +3,8 @@
 #include "interface/Symbol.h"
 #include "MenuPainter.h"
 
+#include <QMouseEvent>
+
 namespace Quillstacks {
 
 Menu::Menu(QWidget* parent) : QMenu(parent) {
@@ -22,6 +24,21 @@ QAction* Menu::addDestructive(const QString& symbol, const QString& title, std::
     QAction* action = add(symbol, title, std::move(chosen));
     action->setProperty(MenuPainter::destructiveProperty, true);
     return action;
+}
+
+void Menu::showEvent(QShowEvent* event) {
+    // The menu itself goes where it was asked for, its shadow lies around it.
+    const int reach = MenuPainter::shadowMargin(this);
+    move(pos() - QPoint(reach, reach));
+    QMenu::showEvent(event);
+}
+
+void Menu::mousePressEvent(QMouseEvent* event) {
+    const int reach = MenuPainter::shadowMargin(this);
+    if (rect().adjusted(reach, reach, -reach, -reach).contains(event->position().toPoint()))
+        QMenu::mousePressEvent(event);
+    else
+        close(); // the shadow is beside the menu, not part of it
 }
 
 } // namespace Quillstacks

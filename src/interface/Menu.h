@@ -16,6 +16,10 @@ public:
     QAction* add(const QString& symbol, const QString& title, std::function<void()> chosen);
     /// The same in red.
     QAction* addDestructive(const QString& symbol, const QString& title, std::function<void()> chosen);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 };
 
 } // namespace Quillstacks

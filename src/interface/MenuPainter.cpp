@@ -1,6 +1,8 @@
 #include "MenuPainter.h"
 
 #include "interface/Drawing.h"
+#include "interface/Menu.h"
+#include "interface/Shadow.h"
 #include "interface/Symbol.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
@@ -22,6 +24,7 @@ constexpr int symbolSize = 15;
 constexpr int gap = 9;
 constexpr int shortcutGap = 24;
 constexpr int leastWidth = 160;
+constexpr qreal menuRadius = 9;
 
 QFont font() {
     return textFont(TextStyle::callout);
@@ -59,6 +62,19 @@ QSize itemSize(const QStyleOptionMenuItem& item) {
     if (!shortcut.isEmpty())
         width += shortcutGap + metrics.horizontalAdvance(shortcut);
     return {std::max(leastWidth, static_cast<int>(std::ceil(width))), rowHeight};
+}
+
+int shadowMargin(const QWidget* widget) {
+    const bool casts = qobject_cast<const Menu*>(widget) && widget->testAttribute(Qt::WA_TranslucentBackground);
+    return casts && Theme::shared().isComposited() ? shadowReach(ShadowKind::menu) : 0;
+}
+
+void paintMenu(QPainter& painter, const QRect& window, const QWidget* menu) {
+    const int reach = shadowMargin(menu);
+    const QRect box = window.adjusted(reach, reach, -reach, -reach);
+    if (reach > 0)
+        paintShadow(painter, box, menuRadius, ShadowKind::menu);
+    paintGround(painter, box, menuRadius);
 }
 
 void paintGround(QPainter& painter, const QRect& box, qreal radius) {

@@ -51,7 +51,7 @@ public:
             return 0;
         case PM_MenuHMargin:
         case PM_MenuVMargin:
-            return MenuPainter::margin;
+            return MenuPainter::margin + MenuPainter::shadowMargin(widget);
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
         }
@@ -65,8 +65,10 @@ public:
     }
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
-        if (element == PE_PanelMenu || element == PE_PanelTipLabel)
-            MenuPainter::paintGround(*painter, option->rect, element == PE_PanelMenu ? 9 : 6);
+        if (element == PE_PanelMenu)
+            MenuPainter::paintMenu(*painter, option->rect, widget);
+        else if (element == PE_PanelTipLabel)
+            MenuPainter::paintGround(*painter, option->rect, 6);
         else if (element != PE_FrameMenu)
             QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
