@@ -87,7 +87,7 @@ void letterToPicture(benchmark::State& state) {
 }
 BENCHMARK(letterToPicture)->ArgName("place_percent")->Arg(0)->Arg(50)->Arg(99)->Unit(benchmark::kMillisecond);
 
-void tokenMadeAndDissolvedToPicture(benchmark::State& state) {
+void lastBraceToPicture(benchmark::State& state) {
     Editor editor;
     editor.open(body(small, placeholders), 0.5);
     Picture picture(editor.view);
@@ -96,11 +96,30 @@ void tokenMadeAndDissolvedToPicture(benchmark::State& state) {
     for (auto _ : state) {
         key(*editor.view.textView(), Qt::Key_BraceRight, QStringLiteral("}"));
         picture.paint();
+        state.PauseTiming();
         editor.view.coordinator().undo();
         picture.paint();
+        state.ResumeTiming();
     }
 }
-BENCHMARK(tokenMadeAndDissolvedToPicture)->Unit(benchmark::kMillisecond);
+BENCHMARK(lastBraceToPicture)->Unit(benchmark::kMillisecond);
+
+void undoOfATokenToPicture(benchmark::State& state) {
+    Editor editor;
+    editor.open(body(small, placeholders), 0.5);
+    Picture picture(editor.view);
+    for (const QChar unit : QStringLiteral(" {{name}}"))
+        key(*editor.view.textView(), 0, unit);
+    for (auto _ : state) {
+        editor.view.coordinator().undo();
+        picture.paint();
+        state.PauseTiming();
+        editor.view.coordinator().redo();
+        picture.paint();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(undoOfATokenToPicture)->Unit(benchmark::kMillisecond);
 
 /// What the panel beside the editor does with the same key.
 void variablesOfTheBody(benchmark::State& state) {

@@ -4,12 +4,14 @@
 #include "TokenReach.h"
 #include "variables/engine/VariableEngine.h"
 
+#include <QSizeF>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <vector>
 
 namespace Quillstacks::TokenDocument {
@@ -25,6 +27,7 @@ struct Wide {
 using WidePieces = std::vector<Wide>;
 
 constexpr qsizetype lineEndLength = 2;
+constexpr qsizetype longText = 200'000; ///< units that take their time to be laid out
 
 WidePieces shown(const QTextDocument& document, int from, int to) {
     WidePieces result;
@@ -124,6 +127,30 @@ void forEachBlock(const QTextDocument& document, Visit visit) {
     }
 }
 
+qsizetype unitsOf(const AttributedText& text) {
+    return std::accumulate(text.begin(), text.end(), qsizetype(0),
+                           [](qsizetype sum, const AttributedRun& run) { return sum + run.characters.size(); });
+}
+
+/// The toolkit lays out what has changed at once, but a text of another page size bit by bit, as it comes into view.
+class LateLayout final {
+    Q_DISABLE_COPY_MOVE(LateLayout)
+public:
+    LateLayout(QTextDocument& given, bool isOn) : document(given), page(given.pageSize()), isUsed(isOn) {
+        if (isUsed)
+            document.setPageSize(QSizeF(0, 0)); // lays out nothing
+    }
+    ~LateLayout() {
+        if (isUsed)
+            document.setPageSize(page);
+    }
+
+private:
+    QTextDocument& document;
+    QSizeF page;
+    bool isUsed;
+};
+
 QTextCharFormat formatAt(const QTextDocument& document, int position) {
     const QTextBlock block = document.findBlock(position);
     for (auto it = block.begin(); !it.atEnd(); ++it)
@@ -135,6 +162,7 @@ QTextCharFormat formatAt(const QTextDocument& document, int position) {
 } // namespace
 
 void build(QTextDocument& document, const AttributedText& text) {
+    const LateLayout late(document, unitsOf(text) > longText);
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     cursor.select(QTextCursor::Document);
