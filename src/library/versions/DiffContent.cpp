@@ -95,22 +95,22 @@ QWidget* DiffContent::buildLegend() {
 void DiffContent::setTexts(const Texts& texts) {
     shown = texts;
     const bool titleIsSame = shown.oldTitle == shown.newTitle;
+    oldTitle->setText(shown.oldTitle);
+    newTitle->setText(shown.newTitle);
+    sameTitle->setContent(shown.newTitle);
     noTitleChanges->setVisible(titleIsSame);
     oldTitle->setVisible(!titleIsSame);
     newTitle->setVisible(!titleIsSame);
     sameTitle->setVisible(titleIsSame);
-    oldTitle->setText(shown.oldTitle);
-    newTitle->setText(shown.newTitle);
-    sameTitle->setContent(shown.newTitle);
     const bool bodyIsSame = shown.oldBody == shown.newBody;
-    noBodyChanges->setVisible(bodyIsSame);
-    bodyDiff->setVisible(!bodyIsSame);
-    sameBody->setVisible(bodyIsSame);
     // Only what is shown is filled: either may be long.
     if (bodyIsSame)
         sameBody->setContent(shown.newBody);
     else
         bodyDiff->setTexts(shown.oldBody, shown.newBody);
+    noBodyChanges->setVisible(bodyIsSame);
+    bodyDiff->setVisible(!bodyIsSame);
+    sameBody->setVisible(bodyIsSame);
 }
 
 } // namespace Quillstacks

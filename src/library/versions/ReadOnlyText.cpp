@@ -1,6 +1,7 @@
 #include "ReadOnlyText.h"
 
 #include "interface/FocusRing.h"
+#include "interface/PlainTextDocument.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
@@ -31,6 +32,10 @@ ReadOnlyText::ReadOnlyText(const QString& accessibleName, const Shape& textShape
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     FocusRing::attach(this, shape.radius);
+    // At the end of a new text it would have all of it laid out.
+    QTextCursor cursor(document());
+    cursor.setKeepPositionOnInsert(true);
+    setTextCursor(cursor);
     QTextFrameFormat frame = document()->rootFrame()->frameFormat();
     frame.setLeftMargin(shape.padding.left());
     frame.setTopMargin(shape.padding.top());
@@ -44,7 +49,15 @@ void ReadOnlyText::setContent(const QString& text) {
     if (text == shownText)
         return;
     shownText = text;
-    setText(text);
+    fill([this, &text] { PlainTextDocument::setText(*document(), text); });
+}
+
+void ReadOnlyText::fill(const std::function<void()>& write) {
+    // A change that doesn't reach the document's very end is laid out at once, all of it; a new beginning only as far
+    // as it is seen.
+    document()->setLayoutEnabled(false);
+    write();
+    document()->setLayoutEnabled(true);
     contentChanged();
 }
 

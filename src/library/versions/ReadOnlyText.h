@@ -5,6 +5,8 @@
 
 #include <QMargins>
 
+#include <functional>
+
 namespace Quillstacks {
 
 /// A text of any length to be read, selected and copied. It is as high as its text where there is room, and scrolls
@@ -37,8 +39,8 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void refresh() override;
-    /// To be called when the text is another.
-    void contentChanged();
+    /// Lets `write` replace the whole of the document's text; nothing is laid out meanwhile.
+    void fill(const std::function<void()>& write);
 
 private:
     [[nodiscard]] int aroundViewport() const;
@@ -46,6 +48,7 @@ private:
     [[nodiscard]] int wantedHeight() const;
     [[nodiscard]] int laidOutHeight(int enough) const;
     void grow();
+    void contentChanged();
 
     Shape shape;
     QString shownText;

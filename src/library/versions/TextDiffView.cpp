@@ -66,7 +66,6 @@ void TextDiffView::setTexts(const QString& oldText, const QString& newText) {
     newer = newText;
     shown = textDiff(older, newer);
     render();
-    moveCursor(QTextCursor::Start);
 }
 
 void TextDiffView::refresh() {
@@ -79,6 +78,10 @@ void TextDiffView::render() {
         setContent(newer);
         return;
     }
+    fill([this] { writeLines(); });
+}
+
+void TextDiffView::writeLines() {
     QTextCursor cursor(document());
     cursor.beginEditBlock();
     cursor.select(QTextCursor::Document);
@@ -97,7 +100,6 @@ void TextDiffView::render() {
     // The last line's end begins a paragraph that nobody should see.
     cursor.insertBlock(paragraph(Kind::plain, 0), characters(Kind::plain));
     cursor.endEditBlock();
-    contentChanged();
 }
 
 bool TextDiffView::event(QEvent* event) {

@@ -24,6 +24,7 @@ protected:
 
 private:
     void render();
+    void writeLines();
     void paintTints(QPainter& painter) const;
 
     QString older;

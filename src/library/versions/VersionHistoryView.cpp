@@ -98,8 +98,7 @@ void VersionHistoryView::refreshDetail() {
     // The keyboard would go on to whatever comes next, with a ring.
     if ((compares ? static_cast<QWidget*>(preview) : diff)->isAncestorOf(window()->focusWidget()))
         list->setFocus(Qt::OtherFocusReason);
-    diff->setVisible(compares);
-    preview->setVisible(!compares);
+    // Filled before it is shown: what can't be seen is not laid out.
     if (compares)
         diff->setTexts({version->title(), prompt.title(), version->body(), prompt.body()});
     else if (version)
@@ -107,6 +106,8 @@ void VersionHistoryView::refreshDetail() {
                             false, hasChanges()});
     else
         preview->setFields({prompt.title(), prompt.body(), {}, {}, prompt.tags(), true, false});
+    diff->setVisible(compares);
+    preview->setVisible(!compares);
 }
 
 PromptVersion* VersionHistoryView::versionAt(int row) const {
