@@ -29,7 +29,7 @@ class AssistiveTools(DesktopCase):
         editor = program.ui.find("New Prompt", "dialog")
         for name in ("Title", "Prompt text"):
             editor.find(name, "text")
-        for name in ("Cancel", "Create"):
+        for name in ("Create Tag", "Collapse Variables", "Cancel", "Create"):
             editor.find(name, "push button")
         self.assert_all_named(editor)
 

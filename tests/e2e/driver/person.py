@@ -22,7 +22,8 @@ def begin_prompt(program, title, body):
     keyboard.press("ctrl+n")
     title_field(program)
     keyboard.type_text(title)
-    keyboard.press("Tab")
+    for _ in range(2):  # the tags stand between title and body
+        keyboard.press("Tab")
     editor = ui.find("Prompt text", "text")
     until(lambda: editor.is_focused, "the body to have the keyboard")
     keyboard.type_text(body)
