@@ -135,14 +135,15 @@ void insertObject(QTextCursor& cursor, int objectType, const QString& text, QTex
 
 void forEachPiece(const QTextDocument& document, int from, int to,
                   const std::function<void(int positions, const QString& text)>& piece) {
-    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to; block = block.next()) {
-        if (block.position() > from)
+    QTextBlock block = document.findBlock(from);
+    // Counted along: asking each block for its position is slow.
+    for (int position = block.position(); block.isValid() && position <= to; block = block.next()) {
+        if (position > from)
             piece(1, separatorBefore(block));
-        if (block.position() + block.length() <= from)
-            continue;
         const QString whole = block.text();
-        const int start = std::max(from - block.position(), 0);
-        const int end = std::min(to - block.position(), static_cast<int>(whole.size()));
+        const int start = std::max(from - position, 0);
+        const int end = std::min(to - position, static_cast<int>(whole.size()));
+        position += block.length();
         if (start >= end)
             continue;
         if (whole.indexOf(QChar::ObjectReplacementCharacter, start) < 0)

@@ -134,4 +134,23 @@ void install() {
     Q_UNUSED(installed)
 }
 
+void announceCaret(TokenTextView* view) {
+    if (!QAccessible::isActive())
+        return;
+    const QTextCursor cursor = view->textCursor();
+    const auto offset = [view](int position) {
+        return static_cast<int>(PlainTextDocument::textPosition(*view->document(), position));
+    };
+    const int caret = offset(cursor.position());
+    if (caret != cursor.position()) {
+        QAccessibleTextCursorEvent event(view, caret);
+        QAccessible::updateAccessibility(&event);
+    }
+    if (cursor.hasSelection()) {
+        QAccessibleTextSelectionEvent event(view, offset(cursor.selectionStart()), offset(cursor.selectionEnd()));
+        event.setCursorPosition(caret);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
 } // namespace Quillstacks::TokenAccessible

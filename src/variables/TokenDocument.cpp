@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 namespace Quillstacks::TokenDocument {
@@ -111,19 +112,29 @@ AttributedText part(const QString& text, const QList<VariableTokenMatch>& tokens
     return attributedText(text.mid(span.from, span.to - span.from), inside);
 }
 
-/// Calls `visit(block, units of the separator before it)` for each block in turn, until it gives false.
+struct BlockPlace {
+    int position;
+    int length;          ///< without the separator behind
+    qsizetype separator; ///< units of the one before
+};
+
+/// Calls `visit(place)` for each block in turn, until it gives false.
 template <typename Visit>
 void forEachBlock(const QTextDocument& document, Visit visit) {
-    // Most blocks share one format: asking each for its properties would be slow.
+    // Most blocks share one format: asking each for its properties, or for its position, would be slow.
     int knownFormat = -1;
-    qsizetype knownLength = 1;
+    qsizetype separator = 0;
+    BlockPlace place{};
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (const int format = block.charFormatIndex(); format != knownFormat && block.position() > 0) {
-            knownFormat = format;
-            knownLength = PlainTextDocument::separatorBefore(block).size();
+        place.length = block.length() - 1;
+        if (place.position > 0) {
+            if (const int format = block.charFormatIndex(); std::exchange(knownFormat, format) != format)
+                separator = PlainTextDocument::separatorBefore(block).size();
+            place.separator = separator;
         }
-        if (!visit(block, block.position() > 0 ? knownLength : 0))
+        if (!visit(place))
             return;
+        place.position += block.length();
     }
 }
 
@@ -240,11 +251,11 @@ bool isToken(const QTextDocument& document, int position) {
 
 qsizetype unitsAt(const QTextDocument& document, int position) {
     qsizetype result = position;
-    forEachBlock(document, [&](const QTextBlock& block, qsizetype separator) {
-        if (block.position() > position)
+    forEachBlock(document, [&](const BlockPlace& block) {
+        if (block.position > position)
             return false;
-        if (block.position() > 0)
-            result += separator - 1;
+        if (block.position > 0)
+            result += block.separator - 1;
         return true;
     });
     return result;
@@ -253,14 +264,13 @@ qsizetype unitsAt(const QTextDocument& document, int position) {
 int positionAt(const QTextDocument& document, qsizetype units) {
     int result = document.characterCount() - 1;
     qsizetype before = 0; // units up to the block's beginning
-    forEachBlock(document, [&](const QTextBlock& block, qsizetype separator) {
-        before += separator;
-        const int length = block.length() - 1;
-        if (units <= before + length) {
-            result = block.position() + static_cast<int>(std::max<qsizetype>(units - before, 0));
+    forEachBlock(document, [&](const BlockPlace& block) {
+        before += block.separator;
+        if (units <= before + block.length) {
+            result = block.position + static_cast<int>(std::max<qsizetype>(units - before, 0));
             return false;
         }
-        before += length;
+        before += block.length;
         return true;
     });
     // A caret between two surrogates would tear a character apart with the next key.

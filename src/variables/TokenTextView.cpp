@@ -24,6 +24,8 @@ TokenTextView::TokenTextView(QWidget* parent) : PlainTextEdit(parent) {
     document()->setUndoRedoEnabled(false);
     document()->setDocumentMargin(containerInset);
     new TokenObject(this);
+    connect(this, &QTextEdit::cursorPositionChanged, this, [this] { TokenAccessible::announceCaret(this); });
+    connect(this, &QTextEdit::selectionChanged, this, [this] { TokenAccessible::announceCaret(this); });
 }
 
 bool TokenTextView::isComposing() const {

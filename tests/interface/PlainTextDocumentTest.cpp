@@ -111,6 +111,29 @@ TEST(PlainTextDocument, anObjectStandsForItsText) {
     EXPECT_EQ(PlainTextDocument::text(document, 1, 2), QStringLiteral("{{topic}}"));
 }
 
+TEST(PlainTextDocument, aCharacterTypedBehindAnObjectIsItself) {
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    PlainTextDocument::insertObject(cursor, QTextFormat::UserObject + 1, QStringLiteral("{{topic}}"));
+    cursor.insertText(QString(QChar(QChar::ObjectReplacementCharacter))); // keeps the format but for the object's type
+    EXPECT_EQ(PlainTextDocument::text(document),
+              QStringLiteral("{{topic}}") + QChar(QChar::ObjectReplacementCharacter));
+}
+
+TEST(PlainTextDocument, piecesTellHowManyPositionsTheyTake) {
+    QTextDocument document;
+    PlainTextDocument::setText(document, QStringLiteral("ab\r\ncd"));
+    QTextCursor cursor(&document);
+    cursor.setPosition(4);
+    PlainTextDocument::insertObject(cursor, QTextFormat::UserObject + 1, QStringLiteral("{x}"));
+    QStringList pieces;
+    PlainTextDocument::forEachPiece(document, 1, 6, [&](int positions, const QString& text) {
+        pieces << QString::number(positions) + QLatin1Char(':') + text;
+    });
+    EXPECT_EQ(pieces, QStringList({QStringLiteral("1:b"), QStringLiteral("1:\r\n"), QStringLiteral("1:c"),
+                                   QStringLiteral("1:{x}"), QStringLiteral("1:d")}));
+}
+
 TEST(PlainTextDocument, positionsGoThereAndBack) {
     QTextDocument document;
     PlainTextDocument::setText(document, QStringLiteral("a\r\nb") + QChar(0xFDD0) + QStringLiteral("c\r\n"));

@@ -43,6 +43,25 @@ TEST_F(VariablesPreview, theButtonCollapsesAndExpands) {
     EXPECT_EQ(told.count(), 2);
 }
 
+TEST_F(VariablesPreview, collapsedItAsksForItsHeadersHeightAndItsListStaysUntilNothingIsLeftOfItsRoom) {
+    constexpr int header = 44;
+    view.setText(QStringLiteral("{a}"));
+    view.resize(300, 200);
+    view.show();
+    view.setCollapsed(true);
+    EXPECT_EQ(view.sizeHint().height(), header);
+    EXPECT_EQ(view.minimumSizeHint().height(), header);
+    EXPECT_TRUE(list->isVisible());
+    view.resize(300, 100);
+    EXPECT_TRUE(list->isVisible());
+    EXPECT_LT(button->geometry().bottom(), header);
+    view.resize(300, header);
+    EXPECT_FALSE(list->isVisible());
+    view.setCollapsed(false);
+    EXPECT_TRUE(list->isVisible());
+    EXPECT_GT(view.sizeHint().height(), header);
+}
+
 TEST_F(VariablesPreview, whatIsTypedWhileCollapsedShowsOnceItIsExpanded) {
     view.setCollapsed(true);
     view.setText(QStringLiteral("{late}"));
