@@ -73,15 +73,9 @@ void SidebarTagsSection::refresh() {
         lostFocus |= gone && (gone->hasFocus() || gone->isAncestorOf(window()->focusWidget()));
         delete gone;
     }
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows[i]->refresh();
-        const int at = static_cast<int>(i);
-        if (layoutOfTags->indexOf(rows[i]) != at) {
-            layoutOfTags->removeWidget(rows[i]);
-            layoutOfTags->insertWidget(at, rows[i]);
-        }
-        rows[i]->show();
-    }
+    for (TagRow* row : rows)
+        row->refresh();
+    orderRows();
     setSelectedTagId(tagId);
     orderTabs();
     if (lostFocus)
@@ -103,6 +97,22 @@ TagRow* SidebarTagsSection::makeRow(Tag* tag) {
     connect(row, &QAbstractButton::clicked, this, [this, tag] { select(tag->id()); });
     connect(row, &SidebarRow::arrowPressed, this, &SidebarTagsSection::moveSelection);
     return row;
+}
+
+void SidebarTagsSection::orderRows() {
+    int kept = 0;
+    const auto isInPlace = [this](int at) {
+        const QLayoutItem* item = layoutOfTags->itemAt(at);
+        return item && at < static_cast<int>(rows.size()) && item->widget() == rows[static_cast<std::size_t>(at)];
+    };
+    while (isInPlace(kept))
+        ++kept;
+    while (layoutOfTags->count() > kept)
+        delete layoutOfTags->takeAt(layoutOfTags->count() - 1);
+    for (auto row = rows.begin() + kept; row != rows.end(); ++row) {
+        layoutOfTags->addWidget(*row);
+        (*row)->show();
+    }
 }
 
 void SidebarTagsSection::orderTabs() {

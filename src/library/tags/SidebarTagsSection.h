@@ -63,8 +63,8 @@ private:
     void refresh();
     TagRow* takeRow(Tag* tag);
     TagRow* makeRow(Tag* tag);
+    void orderRows();
     void orderTabs();
-    void remove(Tag* tag);
     [[nodiscard]] SidebarRow* selectedRow() const;
     [[nodiscard]] TagRow* rowAround(const QWidget* widget) const;
     void showMenu(const TagRow& row, const QPoint& global);
