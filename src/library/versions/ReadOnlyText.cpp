@@ -5,7 +5,9 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
+#include <QPointer>
 #include <QResizeEvent>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextFrame>
 
@@ -26,38 +28,49 @@ ReadOnlyText::ReadOnlyText(const QString& accessibleName, const Shape& textShape
     : PlainTextEdit(parent), shape(textShape) {
     setAccessibleName(accessibleName);
     setReadOnly(true);
-    setUndoRedoEnabled(false);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     FocusRing::attach(this, shape.radius);
-    // At the end of a new text it would have all of it laid out.
-    QTextCursor cursor(document());
-    cursor.setKeepPositionOnInsert(true);
-    setTextCursor(cursor);
-    QTextFrameFormat frame = document()->rootFrame()->frameFormat();
-    frame.setLeftMargin(shape.padding.left());
-    frame.setTopMargin(shape.padding.top());
-    frame.setRightMargin(shape.padding.right());
-    frame.setBottomMargin(shape.padding.bottom());
-    document()->rootFrame()->setFrameFormat(frame);
     ReadOnlyText::refresh();
+    fill([](QTextDocument&) {});
 }
 
 void ReadOnlyText::setContent(const QString& text) {
     if (text == shownText)
         return;
     shownText = text;
-    fill([this, &text] { PlainTextDocument::setText(*document(), text); });
+    fill([&text](QTextDocument& fresh) { PlainTextDocument::setText(fresh, text); });
 }
 
-void ReadOnlyText::fill(const std::function<void()>& write) {
-    // A change that doesn't reach the document's very end is laid out at once, all of it; a new beginning only as far
-    // as it is seen.
-    document()->setLayoutEnabled(false);
-    write();
-    document()->setLayoutEnabled(true);
+std::unique_ptr<QTextDocument> ReadOnlyText::emptyDocument() const {
+    auto made = std::make_unique<QTextDocument>();
+    made->setUndoRedoEnabled(false);
+    made->setDefaultFont(textFont(shape.style));
+    QTextFrameFormat frame = made->rootFrame()->frameFormat();
+    frame.setLeftMargin(shape.padding.left());
+    frame.setTopMargin(shape.padding.top());
+    frame.setRightMargin(shape.padding.right());
+    frame.setBottomMargin(shape.padding.bottom());
+    made->rootFrame()->setFrameFormat(frame);
+    QTextBlockFormat paragraph;
+    paragraph.setLineHeight(lineHeight(), QTextBlockFormat::FixedHeight);
+    QTextCursor(made.get()).setBlockFormat(paragraph);
+    return made;
+}
+
+void ReadOnlyText::fill(const std::function<void(QTextDocument&)>& write) {
+    // A document that is already shown is laid out to its end by every change; one that comes filled only as far as it
+    // is seen.
+    std::unique_ptr<QTextDocument> fresh = emptyDocument();
+    write(*fresh);
+    const QPointer<QTextDocument> before = document();
+    fresh->setParent(this);
+    setDocument(fresh.release());
+    setCursorWidth(0); // a property of the document's layout
+    verticalScrollBar()->setValue(0);
+    delete before; // unless it went already: the toolkit keeps the first one for itself
     contentChanged();
 }
 

@@ -6,6 +6,7 @@
 #include <QMargins>
 
 #include <functional>
+#include <memory>
 
 namespace Quillstacks {
 
@@ -39,10 +40,11 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void refresh() override;
-    /// Lets `write` replace the whole of the document's text; nothing is laid out meanwhile.
-    void fill(const std::function<void()>& write);
+    /// Lets `write` fill a document that takes the place of the present one. Nothing is selected then.
+    void fill(const std::function<void(QTextDocument&)>& write);
 
 private:
+    [[nodiscard]] std::unique_ptr<QTextDocument> emptyDocument() const;
     [[nodiscard]] int aroundViewport() const;
     [[nodiscard]] int heightOfLines(int lines) const;
     [[nodiscard]] int wantedHeight() const;

@@ -78,14 +78,12 @@ void TextDiffView::render() {
         setContent(newer);
         return;
     }
-    fill([this] { writeLines(); });
+    fill([this](QTextDocument& fresh) { writeLines(fresh); });
 }
 
-void TextDiffView::writeLines() {
-    QTextCursor cursor(document());
+void TextDiffView::writeLines(QTextDocument& fresh) const {
+    QTextCursor cursor(&fresh);
     cursor.beginEditBlock();
-    cursor.select(QTextCursor::Document);
-    cursor.removeSelectedText();
     bool isFirst = true;
     for (const DiffLine& line : std::as_const(shown)) {
         const QTextCharFormat format = characters(line.kind);

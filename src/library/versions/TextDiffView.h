@@ -24,7 +24,7 @@ protected:
 
 private:
     void render();
-    void writeLines();
+    void writeLines(QTextDocument& fresh) const;
     void paintTints(QPainter& painter) const;
 
     QString older;

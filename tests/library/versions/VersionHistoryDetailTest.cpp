@@ -232,6 +232,26 @@ TEST_F(VersionHistory, textsCanBeSelectedAndCopiedExactly) {
     EXPECT_EQ(body->content(), odd);
 }
 
+TEST_F(VersionHistory, nothingIsSelectedAndNothingScrolledInWhatIsShownNext) {
+    prompt->setBody(QStringLiteral("line\n").repeated(500));
+    PromptVersion* older = addVersion(QStringLiteral("a"), QStringLiteral("older\n").repeated(400));
+    PromptVersion* newer = addVersion(QStringLiteral("b"), QStringLiteral("newer\n").repeated(400));
+    present();
+    for (const ViewMode mode : {ViewMode::preview, ViewMode::diff}) {
+        view->setViewMode(mode);
+        view->select(older);
+        for (ReadOnlyText* text : view->findChildren<ReadOnlyText*>()) {
+            EXPECT_FALSE(text->textCursor().hasSelection());
+            text->selectAll();
+            text->verticalScrollBar()->setValue(100);
+        }
+        view->select(newer);
+        auto* body = named<ReadOnlyText>(*view, QLatin1String(mode == ViewMode::diff ? "Body Changes" : "Body"));
+        EXPECT_FALSE(body->textCursor().hasSelection());
+        EXPECT_EQ(body->verticalScrollBar()->value(), 0);
+    }
+}
+
 TEST_F(VersionHistory, typingChangesNothing) {
     present();
     auto* body = named<ReadOnlyText>(*view, QStringLiteral("Body"));
