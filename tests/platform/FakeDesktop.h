@@ -2,6 +2,7 @@
 
 #include "platform/DesktopSettings.h"
 #include "platform/HotKeys.h"
+#include "platform/LanguageModel.h"
 
 #include <QIcon>
 #include <QPoint>
@@ -97,9 +98,25 @@ struct FakeDesktop final {
     bool isAlreadyRunning = false;          ///< start() then hands over
     std::vector<SingleInstance*> instances; ///< alive; emit their signals to play a second start
 
+    // LanguageModel
+    /// One call of respond().
+    struct ModelTurn {
+        QString instructions;
+        QString prompt;
+        GenerationOptions options;
+    };
+    std::vector<ModelTurn> modelTurns;
+    /// What the model says to a turn, or throws; empty: it says nothing, successfully.
+    std::function<QString(const ModelTurn&)> modelAnswer;
+    /// Keeps turns from being answered until it is over.
+    void holdModel();
+    /// Answers those that wait, on the next turn of the event loop, and lets the later ones through.
+    void releaseModel();
+
     // For the fakes themselves
     bool composited = true;
     bool trayAvailable = true;
+    bool modelIsHeld = false;
     std::map<const StatusItem*, StatusItemContents> statusContents;
     struct CompositedObserver {
         QPointer<QObject> context;

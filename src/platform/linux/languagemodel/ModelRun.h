@@ -1,0 +1,49 @@
+#pragma once
+
+#include "languagemodel/HttpExchange.h"
+#include "languagemodel/ModelFiles.h"
+#include "languagemodel/RuntimeProcess.h"
+
+#include <QNetworkRequest>
+
+#include <memory>
+
+class QNetworkAccessManager;
+
+namespace Quillstacks {
+
+/// One life of the runtime, from its start until it is of no more use.
+class ModelRun final : public QObject {
+    Q_OBJECT
+public:
+    ModelRun(ModelFiles files, QNetworkAccessManager& network);
+
+    void start();
+    /// Whether it answers requests.
+    [[nodiscard]] bool isReady() const { return ready; }
+    [[nodiscard]] const ModelFiles& files() const { return modelFiles; }
+    /// Asks for an answer.
+    [[nodiscard]] std::unique_ptr<HttpExchange> post(const QString& path, const QByteArray& body,
+                                                     std::chrono::nanoseconds limit) const;
+
+Q_SIGNALS:
+    void becameReady();
+    /// Its end, at any time. Nothing comes after it.
+    void failed(const LanguageModelError& error);
+
+private:
+    void askForHealth();
+    void takeHealth(const HttpExchange& health);
+    void fail(LanguageModelError::Case what, const QString& detail = {});
+    [[nodiscard]] QNetworkRequest request(const QString& path) const;
+
+    ModelFiles modelFiles;
+    QNetworkAccessManager& network;
+    quint16 port = 0;
+    QByteArray key;
+    RuntimeProcess process;
+    bool ready = false;
+    bool hasFailed = false;
+};
+
+} // namespace Quillstacks
