@@ -1,4 +1,4 @@
-// What assistive tools read, hear and do in the token editor.
+// What assistive tools read and do in the token editor.
 #include "TokenFixture.h"
 
 #include <QAccessible>
@@ -66,25 +66,6 @@ TEST_F(TokenAccessibility, tellsPlaces) {
     EXPECT_GT(token.width(), 28);
     EXPECT_EQ(textInterface()->offsetAtPoint(token.center() - QPoint(token.width() / 4, 0)), 3);
     EXPECT_EQ(textInterface()->offsetAtPoint(view->viewport()->mapToGlobal(QPoint(-50, -50))), -1);
-}
-
-int lastCaretTold = -1;
-
-void hear(QAccessibleEvent* event) {
-    if (event->type() == QAccessible::TextCaretMoved)
-        lastCaretTold = static_cast<QAccessibleTextCursorEvent*>(event)->cursorPosition();
-}
-
-TEST_F(TokenAccessibility, hearsOfTheCaretInThePlainText) {
-    open(QStringLiteral("a {{b}} c"), 0);
-    QAccessible::setActive(true);
-    QAccessible::installUpdateHandler(hear);
-    place(3);
-    EXPECT_EQ(lastCaretTold, 7);
-    place(1);
-    EXPECT_EQ(lastCaretTold, 1);
-    QAccessible::installUpdateHandler(nullptr);
-    QAccessible::setActive(false);
 }
 
 TEST_F(TokenAccessibility, anInertViewIsNotEdited) {
