@@ -1,5 +1,6 @@
 #include "interface/Button.h"
 
+#include "interface/BusyIndicator.h"
 #include "interface/Drawing.h"
 #include "interface/FocusRing.h"
 #include "interface/Symbol.h"
@@ -10,12 +11,15 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Quillstacks {
 namespace {
 
 constexpr qreal symbolGap = 7;
+constexpr int indicatorSize = 16;
 constexpr int smallestPadding = 6; ///< above and below the text together
 
 QColor brightened(const QColor& color, qreal factor) {
@@ -48,6 +52,7 @@ void Button::setTitle(const QString& text) {
     setShortcut({}); // the toolkit makes one of an "&" in the text
     setAccessibleName(text);
     updateGeometry();
+    placeIndicator();
     update();
 }
 
@@ -66,6 +71,22 @@ void Button::setSize(Size size) {
 void Button::setSymbol(const QString& name, qreal points) {
     symbol = name;
     symbolSize = points;
+    updateGeometry();
+    update();
+}
+
+void Button::setBusy(bool busy) {
+    setEnabled(!busy);
+    if (busy == (indicator != nullptr))
+        return;
+    if (busy) {
+        indicator = new BusyIndicator(text(), this, indicatorSize);
+        indicator->setAttribute(Qt::WA_TransparentForMouseEvents);
+        placeIndicator();
+        indicator->show();
+    } else {
+        delete std::exchange(indicator, nullptr);
+    }
     updateGeometry();
     update();
 }
@@ -123,12 +144,36 @@ int Button::sidePadding() const {
 }
 
 QSize Button::sizeHint() const {
-    qreal width = QFontMetricsF(textFont()).horizontalAdvance(text()) + 2 * sidePadding();
-    if (!symbol.isEmpty())
-        width += symbolSize + (text().isEmpty() ? 0 : symbolGap);
+    const qreal width = QFontMetricsF(textFont()).horizontalAdvance(text()) + 2 * sidePadding() + symbolRoom();
     // A large font of the desktop makes it taller than its size.
     const int line = QFontMetrics(textFont()).height() + smallestPadding;
     return {static_cast<int>(std::ceil(width)), std::max(static_cast<int>(currentSize), line)};
+}
+
+qreal Button::symbolRoom() const {
+    if (symbol.isEmpty() && !indicator)
+        return 0;
+    return (indicator ? indicatorSize : symbolSize) + (text().isEmpty() ? 0 : symbolGap);
+}
+
+QString Button::shownText() const {
+    const QFontMetricsF metrics(textFont());
+    const qreal room = width() - 2.0 * std::min(sidePadding(), 8) - symbolRoom();
+    const bool fits = metrics.horizontalAdvance(text()) <= room + 1;
+    return fits ? text() : metrics.elidedText(text(), Qt::ElideRight, room);
+}
+
+qreal Button::contentLeft() const {
+    const qreal textWidth = QFontMetricsF(textFont()).horizontalAdvance(shownText());
+    return std::round((width() - symbolRoom() - textWidth) / 2);
+}
+
+void Button::placeIndicator() {
+    if (!indicator)
+        return;
+    indicator->setAccessibleName(text());
+    indicator->setGeometry(static_cast<int>(contentLeft()), (height() - indicatorSize) / 2, indicatorSize,
+                           indicatorSize);
 }
 
 QSize Button::minimumSizeHint() const {
@@ -180,20 +225,13 @@ void Button::paintEvent(QPaintEvent*) {
 
     const QFont font = textFont();
     const QFontMetricsF metrics(font);
-    const qreal symbolWidth = symbol.isEmpty() ? 0 : symbolSize + (text().isEmpty() ? 0 : symbolGap);
-    const qreal room = width() - 2.0 * std::min(sidePadding(), 8) - symbolWidth;
-    qreal textWidth = metrics.horizontalAdvance(text());
-    const QString shown = textWidth > room + 1 ? metrics.elidedText(text(), Qt::ElideRight, room) : text();
-    textWidth = std::min(textWidth, std::max(room, 0.0));
-    qreal x = std::round((width() - symbolWidth - textWidth) / 2);
-    if (!symbol.isEmpty()) {
-        Symbol::paint(painter, {x, (height() - symbolSize) / 2, symbolSize, symbolSize}, symbol, colors.text);
-        x += symbolWidth;
-    }
+    const qreal left = contentLeft();
+    if (!symbol.isEmpty() && !indicator)
+        Symbol::paint(painter, {left, (height() - symbolSize) / 2, symbolSize, symbolSize}, symbol, colors.text);
     painter.setPen(colors.text);
     painter.setFont(font);
     const qreal baseline = std::round((height() + metrics.capHeight()) / 2);
-    painter.drawText(QPointF(x, baseline), shown);
+    painter.drawText(QPointF(left + symbolRoom(), baseline), shownText());
 }
 
 void Button::enterEvent(QEnterEvent* event) {
@@ -218,6 +256,11 @@ void Button::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         hover.jump(0);
     QAbstractButton::changeEvent(event);
+}
+
+void Button::resizeEvent(QResizeEvent* event) {
+    QAbstractButton::resizeEvent(event);
+    placeIndicator();
 }
 
 } // namespace Quillstacks

@@ -10,6 +10,8 @@
 
 namespace Quillstacks {
 
+class BusyIndicator;
+
 /// A push button. It takes the keyboard, is pressed by Space and, while it has the focus, by Return.
 class Button : public QAbstractButton {
     Q_OBJECT
@@ -33,6 +35,8 @@ public:
     void setSize(Size size);
     /// A symbol before the text, `points` wide; an empty name for none.
     void setSymbol(const QString& name, qreal points = 15);
+    /// While what it started goes on: a turning arc in the symbol's place, and no presses.
+    void setBusy(bool busy);
     /// In place of the kind's own colour; an empty one gives it back.
     void setTextColor(std::optional<ColorRole> role);
     /// The one prominent button of a sheet or window, which answers Return.
@@ -52,6 +56,7 @@ protected:
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Look {
@@ -61,12 +66,19 @@ private:
     [[nodiscard]] qreal radius() const;
     [[nodiscard]] QFont textFont() const;
     [[nodiscard]] int sidePadding() const;
+    /// Of symbol or arc with the gap after it; 0 where there is neither.
+    [[nodiscard]] qreal symbolRoom() const;
+    /// What fits of the text, beside the symbol.
+    [[nodiscard]] QString shownText() const;
+    [[nodiscard]] qreal contentLeft() const;
+    void placeIndicator();
 
     Kind currentKind;
     Size currentSize = Size::regular;
     QString symbol;
     qreal symbolSize = 15;
     std::optional<ColorRole> textColor;
+    BusyIndicator* indicator = nullptr; ///< while busy
     bool answersReturn = false;
     Transition hover;
     Transition press;

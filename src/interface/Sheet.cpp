@@ -1,5 +1,6 @@
 #include "interface/Sheet.h"
 
+#include "foundation/MainQueue.h"
 #include "interface/Accessible.h"
 #include "interface/Button.h"
 #include "interface/Drawing.h"
@@ -108,11 +109,23 @@ Sheet::Sheet(QWidget* host, std::unique_ptr<QWidget> content, Options given)
     raise();
     show();
     takeFocus();
-    animate(0, 1);
+    appear();
 }
 
 Sheet::~Sheet() {
     SheetGuard::shared().remove(this);
+}
+
+void Sheet::appear() {
+    if (options.appearsAfter <= 0) {
+        animate(0, 1);
+        return;
+    }
+    showProgress(0);
+    MainQueue::after(options.appearsAfter, this, [this] {
+        if (!leaving)
+            animate(0, 1);
+    });
 }
 
 void Sheet::dismiss() {

@@ -25,6 +25,9 @@ public:
         std::function<QRect()> area;    ///< the part of the window that is covered; the whole window by default
         qreal areaRadius = 0;           ///< its corners
         int margin = 16;                ///< kept between card and area, unless minimumSize needs it
+        /// For what is often over sooner: until then nothing is seen of the sheet, while all beneath it is inert
+        /// already.
+        double appearsAfter = 0; ///< seconds
     };
 
     /// Shows `content` on a sheet over the window of `host`. The sheet owns it and goes with its host. What had the
@@ -62,6 +65,7 @@ protected:
 private:
     friend class SheetGuard;
     Sheet(QWidget* host, std::unique_ptr<QWidget> content, Options options);
+    void appear();
     void place();
     [[nodiscard]] QSize cardSize(const QRect& area) const;
     [[nodiscard]] QRect area() const;

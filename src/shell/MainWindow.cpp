@@ -1,6 +1,7 @@
 #include "shell/MainWindow.h"
 
 #include "interface/Accessible.h"
+#include "interface/BusyIndicator.h"
 #include "interface/Label.h"
 #include "interface/OverlayScrollBar.h"
 #include "interface/Sheet.h"
@@ -11,7 +12,6 @@
 #include "library/tags/TagEditorView.h"
 #include "mainwindow/ContentView.h"
 #include "platform/Windows.h"
-#include "shell/BusyIndicator.h"
 #include "shell/DataStoreErrorView.h"
 #include "shell/DockVisibilityController.h"
 #include "shell/MainWindowFocusManager.h"

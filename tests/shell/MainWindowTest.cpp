@@ -6,7 +6,7 @@
 #include "library/PromptEditorView.h"
 #include "library/tags/TagEditorView.h"
 #include "mainwindow/ContentView.h"
-#include "shell/BusyIndicator.h"
+#include "interface/BusyIndicator.h"
 #include "shell/DataStoreError.h"
 #include "shell/DataStoreErrorView.h"
 #include "shell/Termination.h"

@@ -1,4 +1,4 @@
-#include "shell/BusyIndicator.h"
+#include "interface/BusyIndicator.h"
 
 #include "interface/Theme.h"
 #include "platform/FakeDesktop.h"

@@ -10,7 +10,9 @@ namespace Quillstacks {
 class BusyIndicator final : public QWidget {
     Q_OBJECT
 public:
-    explicit BusyIndicator(const QString& accessibleName, QWidget* parent = nullptr);
+    static constexpr int usualDiameter = 24;
+    /// `diameter` in points.
+    explicit BusyIndicator(const QString& accessibleName, QWidget* parent = nullptr, int diameter = usualDiameter);
 
     [[nodiscard]] bool isTurning() const { return turn.state() == QAbstractAnimation::Running; }
     [[nodiscard]] QSize sizeHint() const override;
@@ -23,6 +25,7 @@ protected:
 private:
     void follow();
 
+    const int diameter;
     QVariantAnimation turn; ///< in degrees
 };
 

@@ -1,23 +1,26 @@
-#include "shell/BusyIndicator.h"
+#include "interface/BusyIndicator.h"
 
 #include "interface/Accessible.h"
 #include "interface/Theme.h"
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Quillstacks {
 
 namespace {
 
-constexpr int diameter = 24;
-constexpr qreal lineWidth = 2.5;
+constexpr qreal lineWidth = 2.5; ///< at the usual diameter
+constexpr qreal thinnestLine = 2;
 constexpr int turnMilliseconds = 1000;
 constexpr int arcDegrees = 270;
 constexpr int stepsPerDegree = 16; // of QPainter's angles
 
 } // namespace
 
-BusyIndicator::BusyIndicator(const QString& accessibleName, QWidget* parent) : QWidget(parent) {
+BusyIndicator::BusyIndicator(const QString& accessibleName, QWidget* parent, int points)
+    : QWidget(parent), diameter(points) {
     setAccessibleTraits(this, {QAccessible::ProgressBar, {}, {}, {}});
     setAccessibleName(accessibleName);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -54,8 +57,9 @@ void BusyIndicator::hideEvent(QHideEvent* event) {
 void BusyIndicator::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Theme::shared().color(ColorRole::accent), lineWidth, Qt::SolidLine, Qt::RoundCap));
-    const QRectF circle = QRectF(rect()).adjusted(lineWidth, lineWidth, -lineWidth, -lineWidth);
+    const qreal line = std::max(lineWidth * diameter / usualDiameter, thinnestLine);
+    painter.setPen(QPen(Theme::shared().color(ColorRole::accent), line, Qt::SolidLine, Qt::RoundCap));
+    const QRectF circle = QRectF(rect()).adjusted(line, line, -line, -line);
     const int start = qRound((90 - turn.currentValue().toReal()) * stepsPerDegree);
     painter.drawArc(circle, start, -arcDegrees * stepsPerDegree);
 }
