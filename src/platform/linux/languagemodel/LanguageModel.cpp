@@ -54,6 +54,8 @@ QCoro::Task<LanguageModelSession::Response> answer(QByteArray body) {
     const ModelFiles files = run->files();
     const auto exchange = run->post(QStringLiteral("/v1/chat/completions"), body, answerLimit);
     co_await qCoro(exchange.get(), &HttpExchange::ended);
+    if (exchange->outcome() == HttpExchange::Outcome::timedOut)
+        server.giveUp();
     co_return LanguageModelSession::Response{contentOf(*exchange, files)};
 }
 

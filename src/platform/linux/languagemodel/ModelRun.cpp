@@ -41,7 +41,7 @@ void ModelRun::start() {
             [this](const QString& reason) { fail(LanguageModelError::Case::notStarted, reason); });
     connect(&process, &RuntimeProcess::ended, this, [this] {
         ready ? fail(LanguageModelError::Case::ended)
-              : fail(LanguageModelError::Case::endedWhileLoading, process.lastWords());
+              : fail(LanguageModelError::Case::endedWhileLoading, process.complaint());
     });
     process.start(modelFiles, port, key);
     MainQueue::after(loadingLimit, this, [this] {

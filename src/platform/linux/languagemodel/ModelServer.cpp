@@ -51,8 +51,7 @@ QCoro::Task<const ModelRun*> ModelServer::ready() {
 
 void ModelServer::choose() {
     ModelFiles files = ModelFiles::find();
-    const bool isFree = uses <= 1; // but for the one who asks
-    if (run && (run->files() == files || !isFree))
+    if (run && (run->files() == files || isSharedByOthers()))
         return;
     end();
     start(std::move(files));
@@ -69,6 +68,11 @@ void ModelServer::start(ModelFiles files) {
         Q_EMIT settled();
     });
     run->start();
+}
+
+void ModelServer::giveUp() {
+    if (!isSharedByOthers())
+        end();
 }
 
 void ModelServer::end() {

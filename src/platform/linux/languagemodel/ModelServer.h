@@ -31,6 +31,9 @@ public:
     /// LanguageModelError.
     [[nodiscard]] QCoro::Task<const ModelRun*> ready();
 
+    /// Ends a server that did not answer, unless others wait for it: it may hang.
+    void giveUp();
+
 Q_SIGNALS:
     /// A start came to its end, well or not.
     void settled();
@@ -38,6 +41,7 @@ Q_SIGNALS:
 private:
     ModelServer();
     void choose();
+    [[nodiscard]] bool isSharedByOthers() const { return uses > 1; }
     void start(ModelFiles files);
     void end();
 

@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 
+#include <algorithm>
 #include <csignal>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -77,9 +78,14 @@ void RuntimeProcess::keepOutput() {
     output = (output + process->readAllStandardOutput()).right(keptOutput);
 }
 
-QString RuntimeProcess::lastWords() const {
-    const QByteArray text = output.trimmed();
-    return QString::fromUtf8(text.mid(text.lastIndexOf('\n') + 1)).simplified().left(longestWords);
+QString RuntimeProcess::complaint() const {
+    QStringList lines = QString::fromUtf8(output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (lines.isEmpty())
+        return {};
+    // An error while loading is followed by lines which only say that loading has failed.
+    const auto error = std::ranges::find_if(
+        lines, [](const QString& line) { return line.contains(QLatin1String("error"), Qt::CaseInsensitive); });
+    return (error != lines.end() ? *error : lines.last()).simplified().left(longestWords);
 }
 
 } // namespace Quillstacks

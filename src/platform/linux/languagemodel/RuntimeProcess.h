@@ -17,8 +17,9 @@ public:
 
     /// Serves the model on 127.0.0.1 to those who have the key. Once.
     void start(const ModelFiles& files, quint16 port, const QByteArray& key);
-    /// The last line that it wrote, cut to a length that fits a sentence.
-    [[nodiscard]] QString lastWords() const;
+    /// What went wrong, in a line of its own: the first that speaks of an error, or else the last. Cut to a length that
+    /// fits a sentence.
+    [[nodiscard]] QString complaint() const;
 
 Q_SIGNALS:
     void failedToStart(const QString& reason);
