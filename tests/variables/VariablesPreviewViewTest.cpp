@@ -45,21 +45,24 @@ TEST_F(VariablesPreview, theButtonCollapsesAndExpands) {
 
 TEST_F(VariablesPreview, collapsedItAsksForItsHeadersHeightAndItsListStaysUntilNothingIsLeftOfItsRoom) {
     constexpr int header = 44;
-    view.setText(QStringLiteral("{a}"));
-    view.resize(300, 200);
-    view.show();
-    view.setCollapsed(true);
-    EXPECT_EQ(view.sizeHint().height(), header);
-    EXPECT_EQ(view.minimumSizeHint().height(), header);
-    EXPECT_TRUE(list->isVisible());
-    view.resize(300, 100);
-    EXPECT_TRUE(list->isVisible());
-    EXPECT_LT(button->geometry().bottom(), header);
-    view.resize(300, header);
-    EXPECT_FALSE(list->isVisible());
-    view.setCollapsed(false);
-    EXPECT_TRUE(list->isVisible());
-    EXPECT_GT(view.sizeHint().height(), header);
+    QWidget column; // a window of its own could not become as low
+    auto* panel = new VariablesPreviewView(&column);
+    const auto* names = panel->findChild<VariablesList*>();
+    panel->setText(QStringLiteral("{a}"));
+    panel->resize(300, 200);
+    column.show();
+    panel->setCollapsed(true);
+    EXPECT_EQ(panel->sizeHint().height(), header);
+    EXPECT_EQ(panel->minimumSizeHint().height(), header);
+    EXPECT_TRUE(names->isVisible());
+    panel->resize(300, 100);
+    EXPECT_TRUE(names->isVisible());
+    EXPECT_LT(panel->findChild<QAbstractButton*>()->geometry().bottom(), header);
+    panel->resize(300, header);
+    EXPECT_FALSE(names->isVisible());
+    panel->setCollapsed(false);
+    EXPECT_TRUE(names->isVisible());
+    EXPECT_GT(panel->sizeHint().height(), header);
 }
 
 TEST_F(VariablesPreview, whatIsTypedWhileCollapsedShowsOnceItIsExpanded) {
