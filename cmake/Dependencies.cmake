@@ -2,6 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network DBus Svg Test)
 find_package(QCoro6 REQUIRED COMPONENTS Core DBus)
 find_package(SQLiteCpp REQUIRED)
+find_package(simdjson 3 REQUIRED)
 find_package(ICU 72 REQUIRED COMPONENTS uc i18n data)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(systemd REQUIRED IMPORTED_TARGET libsystemd)
