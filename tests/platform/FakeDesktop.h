@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/DesktopSettings.h"
+#include "platform/FileDialogs.h"
 #include "platform/HotKeys.h"
 #include "platform/LanguageModel.h"
 
@@ -76,6 +77,15 @@ struct FakeDesktop final {
     /// What applicationSupportDirectories() gives; unset: the private data folder of the test program.
     std::optional<QStringList> applicationSupportDirectories;
     QStringList openedFolders;
+
+    // FileDialogs
+    struct FileDialog {
+        QPointer<QWidget> over;
+        FileDialogs::Done done;
+    };
+    std::optional<FileDialog> fileDialog; ///< the one that is open
+    /// Closes it with an answer; false when none is open, or what it was asked for is gone.
+    bool answerFileDialog(const FileDialogs::Answer& answer);
 
     // StatusItem: whether a tray host is there. Items look for it on the next turn of the main loop, and follow.
     void setTrayAvailable(bool available);
