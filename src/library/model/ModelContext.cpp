@@ -1,6 +1,7 @@
 #include "library/model/ModelContext.h"
 
 #include "library/model/LiveQuery.h"
+#include "library/model/ModelSaving.h"
 #include "library/model/StoreError.h"
 
 #include "foundation/MainQueue.h"
@@ -160,11 +161,23 @@ void ModelContext::removeAllVersions() {
 }
 
 void ModelContext::save() {
+    if (saving) {
+        saving->writing.reset();
+        saving->disturbed = true;
+    }
     if (!hasChanges())
         return;
+    requireLeaveToSave();
+    store->write(*pending);
+    markSaved();
+}
+
+void ModelContext::requireLeaveToSave() const {
     if (!allowsSave)
         throw StoreError(StoreError::Kind::readOnly, store->path(), QStringLiteral("opened without leave to save"));
-    store->write(*pending);
+}
+
+void ModelContext::markSaved() {
     for (Record* record : pending->dirty) {
         record->listed = false;
         record->fieldsDirty = false;
@@ -198,6 +211,8 @@ void ModelContext::noteUpdated(Record* record) {
 }
 
 void ModelContext::schedule() {
+    if (saving)
+        saving->disturbed = true;
     if (std::exchange(scheduled, true))
         return;
     MainQueue::async(this, [this] { processPendingChanges(); });
@@ -205,8 +220,17 @@ void ModelContext::schedule() {
 
 void ModelContext::processPendingChanges() {
     scheduled = false;
-    if (!changes.isEmpty())
+    if (batches == 0 && !changes.isEmpty())
         Q_EMIT changed(std::exchange(changes, {}));
+}
+
+ModelContext::Batch::Batch(ModelContext& target) : context(&target) {
+    ++target.batches;
+}
+
+ModelContext::Batch::~Batch() {
+    if (context && --context->batches == 0)
+        context->schedule();
 }
 
 void ModelContext::titleChanged(Prompt* prompt, const QString& old) {

@@ -7,6 +7,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QSet>
 
 #include <memory>
@@ -14,6 +15,7 @@
 
 namespace Quillstacks {
 
+class ModelSaving;
 class PromptQuery;
 class Relations;
 class Store;
@@ -57,6 +59,17 @@ public:
     /// Tells the live queries now what they would be told on the next turn of the loop.
     void processPendingChanges();
 
+    /// While one is alive, the live queries are told nothing, and at its end once of everything: for changes that take
+    /// many turns of the loop. Reads are current all the same.
+    class Batch final {
+    public:
+        explicit Batch(ModelContext& target);
+        ~Batch();
+        Q_DISABLE_COPY_MOVE(Batch)
+    private:
+        const QPointer<ModelContext> context;
+    };
+
     /// All records that are not deleted, unsaved ones included, in the order of insertion.
     [[nodiscard]] QList<Prompt*> prompts() const;
     [[nodiscard]] QList<Tag*> tags() const;
@@ -74,6 +87,7 @@ Q_SIGNALS:
 
 private:
     friend class ModelContainer;
+    friend class ModelSaving;
     friend class Prompt;
     friend class PromptQuery;
     friend class Record;
@@ -82,6 +96,8 @@ private:
 
     ModelContext(std::unique_ptr<Store> openStore, bool maySave);
 
+    void requireLeaveToSave() const;
+    void markSaved();
     void join(Record& record);
     void list(Record& record);
     void recordChanged(Record* record);
@@ -111,6 +127,8 @@ private:
     std::vector<PromptQuery*> promptQueries;
     std::vector<TagQuery*> tagQueries;
     ChangeSet changes;
+    ModelSaving* saving = nullptr; ///< while one is alive
+    int batches = 0;
     qint64 lastVersionRow = 0;
     bool freeVersionsRead = false;
     bool scheduled = false;

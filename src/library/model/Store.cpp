@@ -190,4 +190,20 @@ void Store::write(const PendingChanges& changes) {
     }
 }
 
+std::unique_ptr<StoreWriting> Store::beginWriting(const PendingChanges& changes) {
+    try {
+        return std::make_unique<StoreWriting>(*writer, changes);
+    } catch (const SQLite::Exception& error) {
+        throw storeError(error, filePath);
+    }
+}
+
+bool Store::continueWriting(StoreWriting& writing, int most) {
+    try {
+        return writing.step(most);
+    } catch (const SQLite::Exception& error) {
+        throw storeError(error, filePath);
+    }
+}
+
 } // namespace Quillstacks

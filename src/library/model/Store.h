@@ -33,6 +33,10 @@ public:
     [[nodiscard]] std::vector<std::unique_ptr<PromptVersion>> readFreeVersions();
     /// All of it or nothing.
     void write(const PendingChanges& changes);
+    /// The same in steps. The changes must stay as they are, but for what is added at their end.
+    [[nodiscard]] std::unique_ptr<StoreWriting> beginWriting(const PendingChanges& changes);
+    /// Looks at so many records; false when all is committed.
+    [[nodiscard]] bool continueWriting(StoreWriting& writing, int most);
 
 private:
     void open();

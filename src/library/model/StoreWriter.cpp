@@ -4,7 +4,8 @@
 #include "StoreText.h"
 
 #include <SQLiteCpp/Column.h>
-#include <SQLiteCpp/Transaction.h>
+
+#include <limits>
 
 namespace Quillstacks {
 
@@ -40,10 +41,36 @@ StoreWriter::StoreWriter(SQLite::Database& open)
       removeLink(open, "DELETE FROM prompt_tags WHERE prompt=? AND tag=?") {}
 
 void StoreWriter::write(const PendingChanges& changes) {
-    SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
-    removeRows(changes);
-    writeRecords(changes);
+    StoreWriting writing(*this, changes);
+    while (writing.step(std::numeric_limits<int>::max())) {
+    }
+}
+
+StoreWriting::StoreWriting(StoreWriter& uses, const PendingChanges& written)
+    : writer(uses), changes(written), transaction(uses.database, SQLite::TransactionBehavior::IMMEDIATE) {
+    writer.removeRows(changes);
+}
+
+bool StoreWriting::step(int records) {
+    for (int looked = 0; pass != StoreWriter::Pass::end;) {
+        if (next == changes.dirty.size()) {
+            pass = static_cast<StoreWriter::Pass>(static_cast<int>(pass) + 1);
+            next = 0;
+            continue;
+        }
+        if (looked++ == records)
+            return true;
+        Record& record = *changes.dirty[next++];
+        if (!record.isDeleted())
+            writer.writeRecord(pass, record, changes);
+    }
     transaction.commit();
+    return false;
+}
+
+double StoreWriting::fraction() const {
+    const auto all = static_cast<double>(changes.dirty.size());
+    return all == 0 ? 1 : (static_cast<double>(pass) + static_cast<double>(next) / all) / 4;
 }
 
 void StoreWriter::removeRows(const PendingChanges& changes) {
@@ -57,24 +84,19 @@ void StoreWriter::removeRows(const PendingChanges& changes) {
         run(removeTag, row);
 }
 
-/// Tags and prompts first, as versions and links refer to them.
-void StoreWriter::writeRecords(const PendingChanges& changes) {
-    const auto each = [&changes](RecordAccess::Kind kind, auto needed, auto write) {
-        for (Record* record : changes.dirty) {
-            if (!record->isDeleted() && RecordAccess::kind(*record) == kind && needed(*record))
-                write(record);
-        }
-    };
-    const auto fields = [](const Record& record) { return RecordAccess::fieldsDirty(record); };
-    const auto links = [](const Record& record) {
-        return RecordAccess::linksDirty(static_cast<const Prompt&>(record));
-    };
-    each(RecordAccess::Kind::Tag, fields, [this](Record* record) { writeTag(static_cast<Tag&>(*record)); });
-    each(RecordAccess::Kind::Prompt, fields, [this](Record* record) { writePrompt(static_cast<Prompt&>(*record)); });
-    each(RecordAccess::Kind::PromptVersion, fields,
-         [this](Record* record) { writeVersion(static_cast<PromptVersion&>(*record)); });
-    each(RecordAccess::Kind::Prompt, links,
-         [this, &changes](Record* record) { writeLinks(static_cast<Prompt&>(*record), changes); });
+void StoreWriter::writeRecord(Pass pass, Record& record, const PendingChanges& changes) {
+    const RecordAccess::Kind kind = RecordAccess::kind(record);
+    if (pass == Pass::links) {
+        if (kind == RecordAccess::Kind::Prompt && RecordAccess::linksDirty(static_cast<Prompt&>(record)))
+            writeLinks(static_cast<Prompt&>(record), changes);
+    } else if (RecordAccess::fieldsDirty(record)) {
+        if (pass == Pass::tags && kind == RecordAccess::Kind::Tag)
+            writeTag(static_cast<Tag&>(record));
+        else if (pass == Pass::prompts && kind == RecordAccess::Kind::Prompt)
+            writePrompt(static_cast<Prompt&>(record));
+        else if (pass == Pass::versions && kind == RecordAccess::Kind::PromptVersion)
+            writeVersion(static_cast<PromptVersion&>(record));
+    }
 }
 
 void StoreWriter::writeTag(const Tag& tag) {

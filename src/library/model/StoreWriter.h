@@ -4,6 +4,7 @@
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
 
 #include <QHash>
 
@@ -19,6 +20,7 @@ public:
     void write(const PendingChanges& changes);
 
 private:
+    friend class StoreWriting;
     struct LinkPlace {
         qint64 position = 0;
         qint64 taken = 0;
@@ -26,7 +28,9 @@ private:
     };
 
     void removeRows(const PendingChanges& changes);
-    void writeRecords(const PendingChanges& changes);
+    /// Tags and prompts first, as versions and links refer to them.
+    enum class Pass { tags, prompts, versions, links, end };
+    void writeRecord(Pass pass, Record& record, const PendingChanges& changes);
     void writeTag(const Tag& tag);
     void writePrompt(const Prompt& prompt);
     void writeVersion(const PromptVersion& version);
@@ -46,6 +50,24 @@ private:
     SQLite::Statement selectLinks;
     SQLite::Statement putLink;
     SQLite::Statement removeLink;
+};
+
+/// One transaction, in steps. Rolled back where it ends before its last one.
+class StoreWriting final {
+public:
+    /// Begins the transaction. Both must outlive it.
+    StoreWriting(StoreWriter& uses, const PendingChanges& changes);
+
+    /// Looks at so many records, and writes what of them the pass is about; false when all is committed.
+    [[nodiscard]] bool step(int records);
+    [[nodiscard]] double fraction() const;
+
+private:
+    StoreWriter& writer;
+    const PendingChanges& changes;
+    SQLite::Transaction transaction;
+    StoreWriter::Pass pass = StoreWriter::Pass::tags;
+    std::size_t next = 0; ///< of this pass's records
 };
 
 } // namespace Quillstacks
