@@ -108,6 +108,10 @@ struct FakeDesktop final {
     bool isAlreadyRunning = false;          ///< start() then hands over
     std::vector<SingleInstance*> instances; ///< alive; emit their signals to play a second start
 
+    // AppService
+    bool loginItem = false;      ///< whether the program starts after login
+    bool loginItemFails = false; ///< changes of it then throw a FileError
+
     // LanguageModel
     /// One call of respond().
     struct ModelTurn {
