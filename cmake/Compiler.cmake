@@ -28,6 +28,12 @@ if(QUILLSTACKS_HAS_GOLD)
   target_link_options(quillstacks_compiler INTERFACE -fuse-ld=gold)
 endif()
 
+if(QUILLSTACKS_FUZZ)
+  target_compile_options(quillstacks_compiler INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(quillstacks_compiler INTERFACE -fsanitize=address,undefined)
+endif()
+
 option(QUILLSTACKS_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 if(QUILLSTACKS_SANITIZE)
   target_compile_options(quillstacks_compiler INTERFACE

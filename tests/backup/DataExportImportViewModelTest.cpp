@@ -17,7 +17,7 @@ namespace {
 class ImportTest : public BackupFixture {
 protected:
     /// What a file that can't be imported leaves behind: one line, no counts, the library as it was.
-    std::string failure(const QString& path) {
+    std::string fileFailure(const QString& path) {
         Prompt* before = library.addPrompt(QStringLiteral("Before"));
         library.context().save();
         const ImportResult result = import(path);
@@ -38,7 +38,7 @@ protected:
         log.clear();
         return line.mid(23).toStdString();
     }
-    std::string failure(const QByteArray& text) { return failure(makeFile(text)); }
+    std::string failure(const QByteArray& text) { return fileFailure(makeFile(text)); }
 };
 
 TEST_F(ImportTest, itIsSavedAndToldInTheLog) {
@@ -121,17 +121,17 @@ TEST_F(ImportTest, aFileThatIsCutAnywhereLeavesTheLibraryAsItWas) {
 
 TEST_F(ImportTest, aMissingFileGivesOneErrorLine) {
     const QString path = filePath("missing.json");
-    EXPECT_EQ(failure(path), "Could not read the file “" + path.toStdString() + "”: No such file or directory.");
+    EXPECT_EQ(fileFailure(path), "Could not read the file “" + path.toStdString() + "”: No such file or directory.");
 }
 
 TEST_F(ImportTest, aDirectoryGivesOneErrorLine) {
     QDir(files.path()).mkdir(QStringLiteral("folder.json"));
-    EXPECT_EQ(failure(filePath("folder.json")), "“folder.json” is not a file with content.");
+    EXPECT_EQ(fileFailure(filePath("folder.json")), "“folder.json” is not a file with content.");
 }
 
 TEST_F(ImportTest, aPipeGivesOneErrorLineAndIsNotWaitedFor) {
     ASSERT_EQ(::mkfifo(QFile::encodeName(filePath("pipe.json")).constData(), 0600), 0);
-    EXPECT_EQ(failure(filePath("pipe.json")), "“pipe.json” is not a file with content.");
+    EXPECT_EQ(fileFailure(filePath("pipe.json")), "“pipe.json” is not a file with content.");
 }
 
 TEST_F(ImportTest, anUnreadableFileGivesOneErrorLine) {
@@ -139,30 +139,30 @@ TEST_F(ImportTest, anUnreadableFileGivesOneErrorLine) {
     ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0), 0);
     if (::access(QFile::encodeName(path).constData(), R_OK) == 0)
         GTEST_SKIP() << "root may read everything";
-    EXPECT_EQ(failure(path), "Could not read the file “" + path.toStdString() + "”: Permission denied.");
+    EXPECT_EQ(fileFailure(path), "Could not read the file “" + path.toStdString() + "”: Permission denied.");
 }
 
 TEST_F(ImportTest, aFileThatTheSystemFailsToReadGivesOneErrorLine) {
     const QString path = QStringLiteral("/proc/self/mem"); // a regular file whose first page nobody has
-    EXPECT_EQ(failure(path), "Could not read the file “/proc/self/mem”: Input/output error.");
+    EXPECT_EQ(fileFailure(path), "Could not read the file “/proc/self/mem”: Input/output error.");
 }
 
 TEST_F(ImportTest, aFileOfTwoGigabytesGivesOneErrorLineWithoutBeingRead) {
     const QString path = makeFile("{");
     ASSERT_TRUE(QFile::resize(path, qint64(1) << 31)); // sparse
-    EXPECT_EQ(failure(path), "Could not read the file “" + path.toStdString() + "”: File too large.");
+    EXPECT_EQ(fileFailure(path), "Could not read the file “" + path.toStdString() + "”: File too large.");
 }
 
 TEST_F(ImportTest, aFileThatShrinksWhileItIsReadGivesOneErrorLine) {
     const TickingClock clock;
     QByteArray text = sampleText();
-    text.insert(1, QByteArray(8 << 20, ' '));
+    text.insert(1, QByteArray(64 << 20, ' '));
     const QString path = makeFile(text);
     model.importData(path, library.context());
     for (int turn = 0; turn < 3; ++turn)
         QCoreApplication::processEvents();
     ASSERT_TRUE(model.isImporting());
-    ASSERT_TRUE(QFile::resize(path, 5 << 20));
+    ASSERT_TRUE(QFile::resize(path, 1 << 20));
     ASSERT_TRUE(QTest::qWaitFor([this] { return !model.isImporting(); }));
     EXPECT_EQ(model.importResult()->errors,
               QStringList{QStringLiteral("Failed to import data: “Backup.json” became shorter while it was read.")});
@@ -253,7 +253,8 @@ TEST_F(ImportTest, oneThatTheProgramsEndCutsShortHasSavedNothing) {
             ended = !cut.isImporting();
         }
         library.reopen();
-        EXPECT_EQ(library.context().prompts().size(), ended ? 500 : 0) << turns;
+        const auto imported = library.context().prompts().size();
+        EXPECT_TRUE(imported == 500 || (imported == 0 && !ended)) << turns << ": " << imported;
         if (ended)
             break;
     }

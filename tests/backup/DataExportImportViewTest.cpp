@@ -150,7 +150,7 @@ TEST_F(DataExportImport, anExportThatFailsShowsNoMessage) {
     library.close();
     {
         SQLite::Database store(library.path().toStdString(), SQLite::OPEN_READWRITE);
-        store.exec("UPDATE versions SET title=7");
+        store.exec("UPDATE versions SET tag_names='no list'");
     }
     library.open();
     DataExportImportView broken(library.context(), model, &window);
@@ -279,6 +279,9 @@ TEST_F(DataExportImport, theButtonsTurnBusyWhileTheirWorkGoesOn) {
 }
 
 TEST_F(DataExportImport, allBeneathIsInertFromTheFirstMomentAndTheKeyboardComesBack) {
+    const TickingClock clock;
+    for (int number = 0; number < 500; ++number)
+        library.addPrompt(QString::number(number));
     showWindow();
     button("Export")->setFocus(Qt::TabFocusReason);
     QTest::keyClick(window.windowHandle(), Qt::Key_Space);

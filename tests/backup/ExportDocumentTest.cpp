@@ -55,7 +55,8 @@ protected:
         ASSERT_EQ(file.write(bytes), bytes.size());
     }
     [[nodiscard]] QStringList names() const {
-        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
     }
     static mode_t rights(const QString& path) {
         struct stat there {};
