@@ -87,7 +87,7 @@ void ContentView::presentSettings() {
     if (presentingSettings || Sheet::covers(this))
         return;
     presentingSettings = true;
-    auto settings = std::make_unique<SettingsView>();
+    auto settings = std::make_unique<SettingsView>(modelContext);
     SettingsView* view = settings.get();
     Sheet* sheet = Sheet::present(this, std::move(settings), SettingsView::sheetOptions());
     connect(view, &SettingsView::closed, sheet, &Sheet::dismiss);

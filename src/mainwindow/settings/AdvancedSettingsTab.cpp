@@ -1,16 +1,19 @@
 #include "AdvancedSettingsTab.h"
 
+#include "backup/DataExportImportView.h"
 #include "DebugLogsSettingsView.h"
 #include "library/versions/VersionHistorySettingsView.h"
 
 namespace Quillstacks {
 
-AdvancedSettingsTab::AdvancedSettingsTab(QWidget* parent) : SettingsColumn(parent) {
+AdvancedSettingsTab::AdvancedSettingsTab(ModelContext& context, DataExportImportViewModel& dataExportImportSettings,
+                                         QWidget* parent)
+    : SettingsColumn(parent) {
     setObjectName(QStringLiteral("AdvancedSettingsTab"));
     auto* logs = new DebugLogsSettingsView;
     connect(logs, &DebugLogsSettingsView::logExportHelpRequested, this, &AdvancedSettingsTab::logExportHelpRequested);
     addCard({new VersionHistorySettingsView});
-    addCard({logs});
+    addCard({new DataExportImportView(context, dataExportImportSettings), logs});
 }
 
 } // namespace Quillstacks

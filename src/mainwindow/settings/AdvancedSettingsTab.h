@@ -4,11 +4,16 @@
 
 namespace Quillstacks {
 
+class DataExportImportViewModel;
+class ModelContext;
+
 /// What few people change, and what keeps the library and the program in order.
 class AdvancedSettingsTab final : public SettingsColumn {
     Q_OBJECT
 public:
-    explicit AdvancedSettingsTab(QWidget* parent = nullptr);
+    /// Both must outlive it.
+    AdvancedSettingsTab(ModelContext& context, DataExportImportViewModel& dataExportImportSettings,
+                        QWidget* parent = nullptr);
 
 Q_SIGNALS:
     void logExportHelpRequested();

@@ -1,6 +1,7 @@
 #include "mainwindow/settings/SettingsView.h"
 
 #include "AdvancedSettingsTab.h"
+#include "backup/DataExportImportViewModel.h"
 #include "GeneralSettingsTab.h"
 #include "interface/Button.h"
 #include "interface/Divider.h"
@@ -34,7 +35,8 @@ QLayout* inset(QWidget* widget, int above, int below) {
 
 } // namespace
 
-SettingsView::SettingsView(QWidget* parent) : QWidget(parent) {
+SettingsView::SettingsView(ModelContext& context, QWidget* parent)
+    : QWidget(parent), modelContext(context), dataExportImportSettings(new DataExportImportViewModel(this)) {
     setObjectName(QStringLiteral("SettingsView"));
     build();
     connect(picker, &SegmentedPicker::selectionChanged, this,
@@ -73,7 +75,7 @@ void SettingsView::build() {
 }
 
 QLayout* SettingsView::buildFooter() {
-    auto* done = new Button(QStringLiteral("Done"), Button::Kind::prominent, this);
+    done = new Button(QStringLiteral("Done"), Button::Kind::prominent, this);
     done->setDefault(true);
     connect(done, &QAbstractButton::clicked, this, &SettingsView::dismiss);
     auto* footer = new QHBoxLayout;
@@ -86,7 +88,7 @@ QLayout* SettingsView::buildFooter() {
 QWidget* SettingsView::makeTab() {
     if (tab == SettingsTab::general)
         return new GeneralSettingsTab;
-    auto* advanced = new AdvancedSettingsTab;
+    auto* advanced = new AdvancedSettingsTab(modelContext, *dataExportImportSettings);
     connect(advanced, &AdvancedSettingsTab::logExportHelpRequested, this, &SettingsView::presentLogExportHelp);
     return advanced;
 }
@@ -97,6 +99,15 @@ void SettingsView::selectTab(SettingsTab chosen) {
     tab = chosen;
     picker->setSelection(static_cast<int>(tab));
     content->setContent(makeTab());
+    orderTabStops();
+}
+
+/// What was made last would be reached last, behind the button that closes the sheet.
+void SettingsView::orderTabStops() {
+    QWidget* last = content->widget();
+    for (QWidget* next = last; content->isAncestorOf(next); next = next->nextInFocusChain())
+        last = next;
+    setTabOrder(last, done);
 }
 
 void SettingsView::presentLogExportHelp() {

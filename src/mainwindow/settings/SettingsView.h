@@ -9,6 +9,9 @@ class QLayout;
 
 namespace Quillstacks {
 
+class DataExportImportViewModel;
+class ModelContext;
+class Button;
 class ScrollArea;
 class SegmentedPicker;
 
@@ -17,7 +20,8 @@ class SegmentedPicker;
 class SettingsView final : public QWidget {
     Q_OBJECT
 public:
-    explicit SettingsView(QWidget* parent = nullptr);
+    /// The context must outlive it.
+    explicit SettingsView(ModelContext& context, QWidget* parent = nullptr);
 
     // State
     [[nodiscard]] SettingsTab selectedTab() const { return tab; }
@@ -40,11 +44,15 @@ private:
     void build();
     [[nodiscard]] QLayout* buildFooter();
     [[nodiscard]] QWidget* makeTab();
+    void orderTabStops();
 
+    ModelContext& modelContext;
+    DataExportImportViewModel* dataExportImportSettings; ///< here, as a tab goes when the other is chosen
     SettingsTab tab = SettingsTab::general;
     bool showingLogExportHelp = false;
     SegmentedPicker* picker = nullptr;
     ScrollArea* content = nullptr;
+    Button* done = nullptr;
 };
 
 } // namespace Quillstacks

@@ -6,6 +6,7 @@
 #include "interface/SegmentedPicker.h"
 #include "interface/Sheet.h"
 #include "interface/Theme.h"
+#include "library/model/TestLibrary.h"
 #include "mainwindow/settings/SettingsView.h"
 #include "platform/FakeDesktop.h"
 #include "support/TestPreferences.h"
@@ -29,7 +30,7 @@ protected:
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-        auto content = std::make_unique<SettingsView>();
+        auto content = std::make_unique<SettingsView>(library.context());
         settings = content.get();
         sheet = Sheet::present(&window, std::move(content), SettingsView::sheetOptions());
         QObject::connect(settings, &SettingsView::closed, sheet, &Sheet::dismiss);
@@ -64,6 +65,7 @@ protected:
 
     TestPreferences preferences;
     ManualClock clock;
+    TestLibrary library;
     QWidget window;
     SettingsView* settings = nullptr;
     QPointer<Sheet> sheet;

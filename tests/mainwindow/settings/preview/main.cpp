@@ -1,7 +1,13 @@
+#include "ProgressView.h"
+
+#include "backup/DataExportImportViewModel.h"
 #include "interface/AppearanceMode.h"
+#include "interface/Button.h"
 #include "interface/ScrollArea.h"
 #include "interface/Sheet.h"
 #include "interface/Style.h"
+#include "library/model/ModelContainer.h"
+#include "library/model/ModelContext.h"
 #include "mainwindow/settings/SettingsView.h"
 
 #include <QApplication>
@@ -14,20 +20,45 @@ using namespace Quillstacks;
 
 namespace {
 
-constexpr int settleTime = 400; ///< milliseconds, longer than any animation
+constexpr int settleTime = 400;   ///< milliseconds, longer than any animation
+constexpr int progressTime = 500; ///< until it appears
 
 void take(QWidget& window, const QString& file) {
     QTest::qWait(settleTime);
     window.grab().save(file);
 }
 
-void takeAll(QWidget& window, const QString& folder) {
-    auto content = std::make_unique<SettingsView>();
+void takeBackup(QWidget& window, SettingsView& settings, ModelContext& library, const QString& folder) {
+    auto* backup = settings.findChild<DataExportImportViewModel*>();
+    backup->setExporting(true);
+    take(window, folder + QStringLiteral("/backup-busy.png"));
+    backup->setExporting(false);
+    const auto progress = ProgressView::present(&settings, QStringLiteral("Importing..."));
+    progress->setFraction(0.4);
+    QTest::qWait(progressTime);
+    take(window, folder + QStringLiteral("/backup-progress.png"));
+    progress->dismiss();
+    const QString path = QStringLiteral(SAMPLE_LIBRARY);
+    for (const QString& file : {path, path + QStringLiteral(".missing")}) {
+        backup->importData(file, library);
+        QTest::qWaitFor([&] { return backup->showingImportAlert(); });
+        take(window, folder + (file == path ? QStringLiteral("/backup-alert.png")
+                                            : QStringLiteral("/backup-alert-failed.png")));
+        Button::pressDefault(Sheet::top(&window)->content());
+    }
+}
+
+void takeAll(QWidget& window, ModelContext& library, const QString& folder) {
+    auto content = std::make_unique<SettingsView>(library);
     SettingsView* settings = content.get();
     Sheet::present(&window, std::move(content), SettingsView::sheetOptions());
     take(window, folder + QStringLiteral("/settings-general.png"));
     settings->selectTab(SettingsTab::advanced);
     take(window, folder + QStringLiteral("/settings-advanced.png"));
+    QScrollBar* scrollBar = settings->findChild<ScrollArea*>()->verticalScrollBar();
+    scrollBar->setValue(scrollBar->maximum());
+    take(window, folder + QStringLiteral("/settings-advanced-end.png"));
+    takeBackup(window, *settings, library, folder);
     settings->presentLogExportHelp();
     take(window, folder + QStringLiteral("/log-export-help.png"));
     window.resize(560, 300);
@@ -57,6 +88,7 @@ int main(int argc, char** argv) {
     QWidget window;
     window.resize(1440, 900);
     window.show();
-    takeAll(window, folder);
+    const ModelContainer container(Schema::current(), {home.filePath(QStringLiteral("Quillstacks.store"))});
+    takeAll(window, container.mainContext(), folder);
     return 0;
 }

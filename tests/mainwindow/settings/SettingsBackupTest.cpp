@@ -1,0 +1,65 @@
+// Export and import as a card of the settings.
+#include "backup/DataExportImportView.h"
+#include "backup/DataExportImportViewModel.h"
+#include "SettingsFixture.h"
+
+#include <QFile>
+
+namespace Quillstacks {
+namespace {
+
+class SettingsBackup : public SettingsFixture {
+protected:
+    void openAdvanced() {
+        open();
+        settings->selectTab(SettingsTab::advanced);
+        QCoreApplication::processEvents();
+        model = settings->findChild<DataExportImportViewModel*>();
+        ASSERT_NE(model, nullptr);
+    }
+    [[nodiscard]] QString missing() const { return library.folderPath() + QStringLiteral("/missing.json"); }
+
+    FakeDesktop& desktop = FakeDesktop::shared();
+    DataExportImportViewModel* model = nullptr;
+};
+
+TEST_F(SettingsBackup, itsCardStandsBetweenTheVersionHistoryAndTheDebugLogs) {
+    openAdvanced();
+    const QStringList shown = texts(*settings);
+    const auto at = shown.indexOf(QStringLiteral("Data Management"));
+    EXPECT_GT(at, shown.indexOf(QStringLiteral("Version History")));
+    EXPECT_LT(at, shown.indexOf(QStringLiteral("Debug Logs")));
+    EXPECT_EQ(settings->findChild<DataExportImportView*>()->parentWidget(),
+              part("DebugLogsSettingsView")->parentWidget())
+        << "one card";
+}
+
+TEST_F(SettingsBackup, switchingTabsKeepsTheStateOfImportAndExport) {
+    openAdvanced();
+    model->setExporting(true);
+    settings->selectTab(SettingsTab::general);
+    settings->selectTab(SettingsTab::advanced);
+    QCoreApplication::processEvents();
+    ASSERT_NE(named(QStringLiteral("Exporting...")), nullptr);
+    EXPECT_FALSE(named(QStringLiteral("Exporting..."))->isEnabled());
+    EXPECT_EQ(settings->findChild<DataExportImportViewModel*>(), model);
+}
+
+TEST_F(SettingsBackup, theSettingsCanNotBeClosedWhileAnImportRunsAndItsResultComesBeforeThem) {
+    openAdvanced();
+    click(named(QStringLiteral("Import")));
+    ASSERT_TRUE(desktop.answerFileDialog({missing(), {}}));
+    press(Qt::Key_Escape);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(sheet->isDismissed());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !model->isImporting(); }));
+    ASSERT_NE(named(QStringLiteral("OK")), nullptr);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(model->showingImportAlert());
+    EXPECT_FALSE(sheet->isDismissed());
+    press(Qt::Key_Return);
+    EXPECT_TRUE(sheet->isDismissed());
+}
+
+} // namespace
+} // namespace Quillstacks
