@@ -52,9 +52,7 @@ DataExportImportView::DataExportImportView(ModelContext& library, DataExportImpo
     showModel();
 }
 
-DataExportImportView::~DataExportImportView() {
-    endProgress();
-}
+DataExportImportView::~DataExportImportView() = default;
 
 void DataExportImportView::build() {
     exportButton = new Button(exportTitle);

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <string_view>
 
 namespace Quillstacks {
@@ -17,8 +18,16 @@ struct JsonPlace {
         const QString before = parent ? parent->text() : QString();
         if (key.empty())
             return before + QStringLiteral("[%1]").arg(index);
-        const QString name = QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
+        const QString name =
+            isPlain() ? QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size())) : QStringLiteral("…");
         return before.isEmpty() ? name : before + QLatin1Char('.') + name;
+    }
+
+    /// A key of somebody else's may be as long as the file, and hold lines.
+    [[nodiscard]] bool isPlain() const {
+        constexpr std::size_t longest = 40;
+        return key.size() <= longest &&
+               std::ranges::all_of(key, [](char character) { return character >= ' ' && character <= '~'; });
     }
 };
 

@@ -355,6 +355,11 @@ TEST(BackupReader, aHundredThousandLevelsOfNestingAreRefused) {
     EXPECT_NE(failure("{\"tags\":" + QByteArray(levels, '[')), "");
 }
 
+TEST(BackupReader, theFailureIsOneShortLineWhateverTheKeysAre) {
+    for (const QByteArray& key : {QByteArray("a\\nb"), QByteArray("\xE2\x9C\x93"), QByteArray(100'000, 'k')})
+        EXPECT_EQ(failure(changed("\"title\"", "\"" + key + "\" : tru, \"title\"")), "prompts[0].… is not valid JSON");
+}
+
 TEST(BackupReader, aThousandLevelsOfNestingInAnIgnoredValueAreRead) {
     const QByteArray nested = QByteArray(1000, '[') + QByteArray(1000, ']');
     EXPECT_EQ(BackupReader::decoded(changed("\"title\"", "\"a\" : " + nested + ", \"title\"")), sampleData());
