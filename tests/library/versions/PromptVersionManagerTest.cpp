@@ -107,6 +107,20 @@ TEST_F(PromptVersionManagerTest, theComparisonIsExact) {
     EXPECT_EQ(prompt->versions().size(), 3);
 }
 
+TEST_F(PromptVersionManagerTest, aChangeOfTheBodyAloneOrOfTheTitleAloneIsRecorded) {
+    edit(1, 50);
+    prompt->setTitle(text(0)); // as in the newest version, with another body
+    clock.advance(1s);
+    PromptVersionManager::createVersion(*prompt, context, 50);
+    ASSERT_EQ(prompt->versions().size(), 2);
+    EXPECT_EQ(prompt->versions().last()->body(), body(1));
+
+    prompt->setTitle(text(2));
+    clock.advance(1s);
+    PromptVersionManager::createVersion(*prompt, context, 50);
+    EXPECT_EQ(titles(), (QStringList{text(0), text(0), text(2)}));
+}
+
 TEST_F(PromptVersionManagerTest, onlyTheNewestVersionCounts) {
     edit(1, 2, 50);
     prompt->setTitle(text(0));

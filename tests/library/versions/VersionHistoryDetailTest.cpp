@@ -24,6 +24,14 @@ QStringList namesOfChips(const VersionTagChips& chips) {
     return names;
 }
 
+QImage picture(QWidget& widget) {
+    std::ignore = widget.grab(); // lays it out
+    QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
 } // namespace
 
 TEST_F(VersionHistory, withTheCurrentStateSelectedThereIsNoPickerNoRestoreAndNoNotice) {
@@ -87,6 +95,17 @@ TEST_F(VersionHistory, aVersionWithOtherTagsButTheSameTextShowsItsTagsAndNoNotic
     EXPECT_FALSE(shows("Different from current version"));
 }
 
+TEST_F(VersionHistory, aTitleAloneOrABodyAloneThatDiffersIsNoticed) {
+    PromptVersion* otherTitle = addVersion(QStringLiteral("Before"), prompt->body());
+    PromptVersion* otherBody = addVersion(prompt->title(), QStringLiteral("other"));
+    present();
+    for (PromptVersion* version : {otherTitle, otherBody}) {
+        view->select(version);
+        EXPECT_TRUE(view->hasChanges());
+        EXPECT_TRUE(shows("Different from current version"));
+    }
+}
+
 TEST_F(VersionHistory, aVersionStillShowsATagThatWasDeleted) {
     Tag* tag = addTag(QStringLiteral("Gone"));
     PromptVersion* version = addVersion(QStringLiteral("Before"), QStringLiteral("body"), {tag});
@@ -141,13 +160,43 @@ TEST_F(VersionHistory, thePickerChoosesTheMode) {
     for (QAbstractButton* segment : picker->findChildren<QAbstractButton*>())
         titles += segment->text();
     EXPECT_EQ(titles, (QStringList{QStringLiteral("Preview"), QStringLiteral("Diff")}));
-    for (const char* symbol : {"doc.text", "arrow.left.arrow.right"})
-        EXPECT_TRUE(Symbol::exists(QLatin1String(symbol)));
 
     picker->findChildren<QAbstractButton*>().last()->click();
     EXPECT_EQ(view->viewMode(), ViewMode::diff);
     picker->findChildren<QAbstractButton*>().first()->click();
     EXPECT_EQ(view->viewMode(), ViewMode::preview);
+}
+
+TEST_F(VersionHistory, thePickersSegmentsHaveTheirSymbols) {
+    PromptVersion* version = addVersion("first");
+    present();
+    view->select(version);
+    auto* picker = part<SegmentedPicker>();
+    const auto like = [&](const char* first, const char* second) {
+        SegmentedPicker other(QStringLiteral("View"), {{QStringLiteral("Preview"), QLatin1String(first)},
+                                                       {QStringLiteral("Diff"), QLatin1String(second)}});
+        other.resize(picker->size());
+        return picture(other);
+    };
+    EXPECT_EQ(picture(*picker), like("doc.text", "arrow.left.arrow.right"));
+    EXPECT_NE(picture(*picker), like("plus", "arrow.left.arrow.right"));
+    EXPECT_NE(picture(*picker), like("doc.text", "plus"));
+}
+
+TEST_F(VersionHistory, restoreHasItsSymbolAndCloseHasNone) {
+    PromptVersion* version = addVersion("first");
+    present();
+    view->select(version);
+    for (const auto& [title, symbol] : {std::pair("Restore", "arrow.counterclockwise"), std::pair("Close", "")}) {
+        Button* button = visibleButton(*view, QLatin1String(title));
+        ASSERT_TRUE(button);
+        Button like(button->text(), button->kind(), &host);
+        like.resize(button->size());
+        like.setSymbol(QLatin1String(symbol));
+        EXPECT_EQ(picture(*button), picture(like)) << title;
+        like.setSymbol(QStringLiteral("plus"));
+        EXPECT_NE(picture(*button), picture(like)) << title;
+    }
 }
 
 TEST_F(VersionHistory, theComparisonRunsFromTheVersionToTheCurrentState) {

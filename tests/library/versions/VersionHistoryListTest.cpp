@@ -1,5 +1,6 @@
 // The list at the left: rows, numbers, selection, keys.
 #include "EmptyHistoryView.h"
+#include "interface/Divider.h"
 #include "PreviewContent.h"
 #include "support/ShownSymbol.h"
 #include "VersionHistoryFixture.h"
@@ -50,6 +51,19 @@ TEST_F(VersionHistory, theHeaderShowsTheNumberOfVersionsAlone) {
 
     EXPECT_TRUE(shows("Version History"));
     EXPECT_TRUE(shows("2"));
+}
+
+TEST_F(VersionHistory, theListTakes280OfTheSheetsWidthWithItsDivider) {
+    addVersion("first");
+    present();
+
+    QList<QRect> columns;
+    for (const Divider* divider : view->findChildren<Divider*>())
+        if (divider->width() < divider->height())
+            columns += divider->geometry();
+    ASSERT_EQ(columns.size(), 1);
+    EXPECT_EQ(columns.first().right() + 1, 280);
+    EXPECT_EQ(columns.first().height(), 600);
 }
 
 TEST_F(VersionHistory, rowsTellTheirDatesInAbbreviatedUnitsAndSpeakThemInFull) {
