@@ -1,6 +1,9 @@
 #include "variables/VariablesPreviewView.h"
 
+#include "interface/IconButton.h"
+#include "interface/Theme.h"
 #include "platform/FakeDesktop.h"
+#include "support/ShownSymbol.h"
 #include "support/TestPreferences.h"
 #include "variables/VariablesList.h"
 
@@ -20,7 +23,7 @@ protected:
     TestPreferences preferences;
     VariablesPreviewView view;
     VariablesList* list = view.findChild<VariablesList*>();
-    QAbstractButton* button = view.findChild<QAbstractButton*>();
+    IconButton* button = view.findChild<IconButton*>();
 };
 
 TEST_F(VariablesPreview, anEmptyTextSaysThatNothingWasFoundYet) {
@@ -34,10 +37,12 @@ TEST_F(VariablesPreview, anEmptyTextSaysThatNothingWasFoundYet) {
 TEST_F(VariablesPreview, theButtonCollapsesAndExpands) {
     QSignalSpy told(&view, &VariablesPreviewView::collapsedChanged);
     EXPECT_EQ(button->toolTip(), QStringLiteral("Collapse Variables"));
+    EXPECT_EQ(button->symbol(), QStringLiteral("chevron.up"));
     button->click();
     EXPECT_TRUE(view.isCollapsed());
     EXPECT_TRUE(list->isHidden() || !list->isVisibleTo(&view));
     EXPECT_EQ(button->toolTip(), QStringLiteral("Expand Variables"));
+    EXPECT_EQ(button->symbol(), QStringLiteral("chevron.down"));
     button->click();
     EXPECT_FALSE(view.isCollapsed());
     EXPECT_EQ(told.count(), 2);
@@ -77,6 +82,35 @@ TEST_F(VariablesPreview, everyRowHasTheSameHeight) {
     const int one = list->sizeHint().height();
     list->setVariables({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
     EXPECT_EQ(list->sizeHint().height(), 3 * one);
+}
+
+TEST_F(VariablesPreview, eachNameStands8BehindADotOf6) {
+    list->setVariables({QStringLiteral("H")});
+    list->resize(100, list->sizeHint().height());
+    EXPECT_TRUE(showsSymbol(*list, QStringLiteral("circle.fill"), 6, Theme::shared().color(ColorRole::accent)));
+    QImage picture(list->size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    list->render(&picture, {}, {}, QWidget::DrawChildren);
+    const auto isBare = [&picture](int column) {
+        for (int y = 0; y < picture.height(); ++y)
+            if (qAlpha(picture.pixel(column, y)) != 0)
+                return false;
+        return true;
+    };
+    EXPECT_FALSE(isBare(0));
+    EXPECT_FALSE(isBare(5));
+    for (int column = 6; column < 14; ++column)
+        EXPECT_TRUE(isBare(column)) << column;
+    EXPECT_FALSE(isBare(14) && isBare(15) && isBare(16)) << "the letter brings a little room of its own";
+}
+
+TEST_F(VariablesPreview, theListStandsAtTheTopLeftWith12AroundIt) {
+    view.setText(QStringLiteral("{a}"));
+    view.resize(300, 400);
+    std::ignore = view.grab(); // lays it out
+    constexpr int header = 44;
+    EXPECT_EQ(list->mapTo(&view, QPoint()), QPoint(12, header + 12));
+    EXPECT_EQ(list->width(), 300 - 2 * 12);
 }
 
 TEST_F(VariablesPreview, assistiveToolsHearTheNames) {
