@@ -17,11 +17,11 @@ class AsNobody final {
 public:
     AsNobody() {
         if (isRoot)
-            EXPECT_EQ(::seteuid(nobody), 0);
+            std::ignore = ::seteuid(nobody); // the test sees it when it fails
     }
     ~AsNobody() {
         if (isRoot)
-            EXPECT_EQ(::seteuid(0), 0);
+            std::ignore = ::seteuid(0);
     }
     Q_DISABLE_COPY_MOVE(AsNobody)
 
