@@ -2,6 +2,7 @@
 
 #include "backup/DataExportImportView.h"
 #include "DebugLogsSettingsView.h"
+#include "library/restore/RestoreQuillstacksView.h"
 #include "library/versions/VersionHistorySettingsView.h"
 
 namespace Quillstacks {
@@ -13,7 +14,7 @@ AdvancedSettingsTab::AdvancedSettingsTab(ModelContext& context, DataExportImport
     auto* logs = new DebugLogsSettingsView;
     connect(logs, &DebugLogsSettingsView::logExportHelpRequested, this, &AdvancedSettingsTab::logExportHelpRequested);
     addCard({new VersionHistorySettingsView});
-    addCard({new DataExportImportView(context, dataExportImportSettings), logs});
+    addCard({new DataExportImportView(context, dataExportImportSettings), new RestoreQuillstacksView(context), logs});
 }
 
 } // namespace Quillstacks
