@@ -1,7 +1,26 @@
+#include "interface/Drawing.h"
 #include "PromptEditorFixture.h"
 #include "PromptTextEditor.h"
 
+#include <QEnterEvent>
+
+#include <tuple>
+
 namespace Quillstacks {
+namespace {
+
+QImage picture(QWidget& widget) {
+    QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+bool isNear(const QColor& a, const QColor& b) {
+    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue()) <= 4;
+}
+
+} // namespace
 
 TEST_F(PromptEditor, theSheetIsAtLeast1100By720WhereTheWindowIsLargeEnoughAndFitsWhereItIsNot) {
     const auto card = [this](const QSize& size) {
@@ -49,6 +68,47 @@ TEST_F(PromptEditor, thePlaceholderStandsInAnEmptyBodyOnly) {
     editor->setEditorBody(QString());
     EXPECT_TRUE(isShown());
     EXPECT_EQ(titleField(*editor).placeholderText(), QStringLiteral("Title"));
+}
+
+TEST_F(PromptEditor, thePlaceholderStands24FromTheLeftAnd20FromTheTop) {
+    open();
+    EXPECT_EQ(placeholder(*editor)->pos(), QPoint(24, 20));
+}
+
+TEST_F(PromptEditor, theBodysEdgeIsTwiceAsStrongWhileHovered) {
+    open();
+    std::ignore = editor->grab(); // lays it out
+    auto* body = editor->findChild<PromptTextEditor*>();
+    const Theme& theme = Theme::shared();
+    const QColor ink = theme.color(ColorRole::text).lightness() > 127 ? QColor(Qt::white) : QColor(Qt::black);
+    const auto edge = [body] { return picture(*body).pixelColor(body->width() / 2, 0); };
+    EXPECT_FALSE(body->isHovered());
+    EXPECT_TRUE(isNear(edge(), mix(theme.color(ColorRole::field), ink, 0.1)));
+    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+    QApplication::sendEvent(body, &enter);
+    EXPECT_TRUE(body->isHovered());
+    EXPECT_TRUE(isNear(edge(), mix(theme.color(ColorRole::field), ink, 0.2)));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(body, &leave);
+    EXPECT_FALSE(body->isHovered());
+}
+
+TEST_F(PromptEditor, copyAndHistoryHaveTheirSymbols) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"));
+    library.addVersion(prompt, QStringLiteral("earlier"));
+    const PromptEditorView& view = present(prompt);
+    for (const auto& [title, symbol] :
+         {std::pair("Copy", "doc.on.doc"), std::pair("History", "clock.arrow.circlepath")}) {
+        Button* button = visibleButton(view, QLatin1String(title));
+        ASSERT_TRUE(button) << title;
+        Button like(button->text(), button->kind(), &window);
+        like.setSize(Button::Size::field);
+        like.resize(button->size());
+        like.setSymbol(QLatin1String(symbol));
+        EXPECT_EQ(picture(*button), picture(like)) << title;
+        like.setSymbol(QStringLiteral("plus"));
+        EXPECT_NE(picture(*button), picture(like)) << title;
+    }
 }
 
 TEST_F(PromptEditor, thePlaceholderIsHiddenWhileATextIsComposed) {

@@ -103,6 +103,27 @@ TEST_F(PromptEditor, aChangedTextMakesAVersionOfTheOldOne) {
     EXPECT_FALSE(library.context().hasChanges());
 }
 
+TEST_F(PromptEditor, aChangedBodyAloneMakesAVersionToo) {
+    Prompt* prompt = addPrompt(QStringLiteral("title"), QStringLiteral("old body"));
+    open(prompt).setEditorBody(QStringLiteral("new body"));
+    editor->savePrompt();
+    EXPECT_EQ(prompt->body(), QStringLiteral("new body"));
+    ASSERT_EQ(prompt->versions().size(), 1);
+    EXPECT_EQ(prompt->versions().first()->title(), QStringLiteral("title"));
+    EXPECT_EQ(prompt->versions().first()->body(), QStringLiteral("old body"));
+}
+
+TEST_F(PromptEditor, savingTwiceWithTheSameNewTextAddsNoSecondVersion) {
+    Prompt* prompt = addPrompt(QStringLiteral("title"), QStringLiteral("old body"));
+    for (int i = 0; i < 2; ++i) {
+        clock.advance(1s);
+        open(prompt).setEditorBody(QStringLiteral("new body"));
+        editor->savePrompt();
+    }
+    EXPECT_EQ(prompt->versions().size(), 1);
+    EXPECT_EQ(prompt->updatedAt(), Clock::now());
+}
+
 TEST_F(PromptEditor, textWithSpacesAroundItIsStoredTrimmedSoThatAResaveMakesNoVersion) {
     Prompt* prompt = addPrompt(QStringLiteral("t"), QStringLiteral("b"));
     open(prompt).setTitle(QStringLiteral(" t2 "));
