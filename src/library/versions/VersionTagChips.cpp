@@ -107,7 +107,7 @@ void VersionTagChips::paintEvent(QPaintEvent*) {
                 withOpacity(shown[i].color, edgeOpacity));
         const QRect text = box.adjusted(paddingX, 0, -paddingX, 0);
         painter.setPen(theme.color(ColorRole::text));
-        painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+        painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                          metrics.elidedText(shown[i].name, Qt::ElideRight, text.width() + 1));
     }
 }
