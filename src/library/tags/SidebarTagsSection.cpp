@@ -76,8 +76,8 @@ void SidebarTagsSection::refresh() {
     for (TagRow* row : rows)
         row->refresh();
     orderRows();
-    setSelectedTagId(tagId);
     orderTabs();
+    setSelectedTagId(tagId);
     if (lostFocus)
         selectedRow()->setFocus(Qt::OtherFocusReason);
 }
@@ -116,8 +116,11 @@ void SidebarTagsSection::orderRows() {
 }
 
 void SidebarTagsSection::orderTabs() {
+    // Only what the Tab key stops at can be put in order.
+    allPrompts->setTabStop(true);
     QWidget* before = allPrompts;
     for (TagRow* row : rows) {
+        row->setTabStop(true);
         setTabOrder(before, row);
         setTabOrder(row, row->lastTabStop());
         before = row->lastTabStop();

@@ -49,14 +49,18 @@ void TagSelector::setTags(const QList<Tag*>& tags) {
     std::swap(entries, next);
     for (const Entry& gone : next)
         delete gone.chip;
-    QWidget* before = nullptr;
+    // A chip made later stands where the row does among the stops of the Tab key. Only stops can be put in order.
+    setFocusProxy(nullptr);
+    setFocusPolicy(Qt::TabFocus);
+    QWidget* before = this;
     for (const Entry& entry : entries) {
         entry.chip->setTag(entry.tag->name(), colorFromHex(entry.tag->colorHex()));
         entry.chip->show();
-        if (before)
-            setTabOrder(before, entry.chip);
+        entry.chip->setFocusPolicy(Qt::TabFocus);
+        setTabOrder(before, entry.chip);
         before = entry.chip;
     }
+    setFocusPolicy(Qt::NoFocus);
     layOut();
     const bool stopIsLeft = std::ranges::any_of(entries, [&](const Entry& entry) { return entry.chip == tabStop; });
     makeTabStop(stopIsLeft ? tabStop : entries.empty() ? nullptr : entries.front().chip);

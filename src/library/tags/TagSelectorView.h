@@ -2,7 +2,6 @@
 
 #include "library/model/LiveQuery.h"
 
-#include <QPointer>
 #include <QSet>
 #include <QWidget>
 

@@ -2,6 +2,7 @@
 #include "interface/IconButton.h"
 #include "interface/Label.h"
 #include "SidebarTagsFixture.h"
+#include "support/ShownSymbol.h"
 
 #include <QContextMenuEvent>
 
@@ -147,6 +148,24 @@ TEST_F(SidebarTagsSectionTest, theTabKeyStopsAtTheSelectedRowItsPencilAndNewTag)
     EXPECT_TRUE(row("Alpha")->hasFocus());
 }
 
+TEST_F(SidebarTagsSectionTest, aRowThatIsMadeLaterIsReachedBeforeNewTagAndWhatFollows) {
+    Button before(QStringLiteral("Before"), Button::Kind::bordered, &window);
+    open();
+    Button after(QStringLiteral("After"), Button::Kind::bordered, &window);
+    after.move(400, 0);
+    after.show();
+    section->select(addTag(QStringLiteral("Alpha"))->id());
+    settle();
+    before.setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(row("Alpha")->hasFocus());
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(row("New Tag")->hasFocus());
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(after.hasFocus());
+}
+
 TEST_F(SidebarTagsSectionTest, theContextMenuHoldsEditAndDelete) {
     Tag* tag = addTag(QStringLiteral("Code"));
     open();
@@ -190,6 +209,14 @@ TEST_F(SidebarTagsSectionTest, theMenuKeysOpenTheMenuOfTheRowThatHasTheKeyboard)
     QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), window.mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(row("Code"), &event);
     EXPECT_TRUE(qobject_cast<Menu*>(QApplication::activePopupWidget()));
+}
+
+TEST_F(SidebarTagsSectionTest, theRowsThatAreNoTagHaveTheirSymbols) {
+    const Tag* tag = addTag(QStringLiteral("Code"));
+    open().select(tag->id()); // a selected row has a ground
+    const QColor color = Theme::shared().color(ColorRole::text2);
+    EXPECT_TRUE(showsSymbol(*row("All Prompts"), QStringLiteral("tray.fill"), 17, color));
+    EXPECT_TRUE(showsSymbol(*row("New Tag"), QStringLiteral("plus"), 15, color));
 }
 
 TEST_F(SidebarTagsSectionTest, noCountOfPromptsIsShownAtATag) {

@@ -1,6 +1,7 @@
 #include "TagSelector.h"
 
 #include "interface/Chip.h"
+#include "interface/ColorFromHex.h"
 #include "interface/FocusRing.h"
 #include "library/LibraryFixture.h"
 
@@ -40,6 +41,28 @@ TEST_F(TagSelectorTest, chipsStandSixApartInTheGivenOrder) {
     EXPECT_EQ(chip(0).pos(), QPoint(0, 0));
     for (int i = 1; i < 4; ++i)
         EXPECT_EQ(chip(i).x(), chip(i - 1).geometry().right() + 1 + 6);
+}
+
+TEST_F(TagSelectorTest, aTickedChipHasADarkerGroundAndABorder) {
+    open(1);
+    const auto pictured = [this] {
+        QImage picture(chip(0).size(), QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        chip(0).render(&picture, {}, {}, QWidget::DrawChildren);
+        return picture;
+    };
+    const int middle = chip(0).height() / 2;
+    const int across = chip(0).width() / 2;
+    const QImage plain = pictured();
+    EXPECT_NEAR(plain.pixelColor(5, middle).alphaF(), 0.06, 0.01);
+    EXPECT_NEAR(plain.pixelColor(across, 0).alphaF(), 0.06, 0.01);
+    EXPECT_EQ(plain.pixelColor(0, 0).alpha(), 0) << "the corner is round";
+    // 10 of padding within the border, then the dot of 6.
+    EXPECT_EQ(plain.pixelColor(1 + 10 + 3, middle), colorFromHex(tags[0]->colorHex()));
+    selector.setSelection({tags[0]});
+    const QImage ticked = pictured();
+    EXPECT_NEAR(ticked.pixelColor(5, middle).alphaF(), 0.12, 0.01);
+    EXPECT_NEAR(ticked.pixelColor(across, 0).alphaF(), 1 - (1 - 0.12) * (1 - 0.18), 0.02);
 }
 
 TEST_F(TagSelectorTest, theWheelScrollsSidewaysAndStopsAtTheEnds) {

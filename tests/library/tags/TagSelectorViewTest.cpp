@@ -77,6 +77,21 @@ TEST_F(TagSelectorViewTest, withNoTagsATagMadeHereArrivesTicked) {
     EXPECT_EQ(QApplication::focusWidget(), chip("First"));
 }
 
+TEST_F(TagSelectorViewTest, theFirstTagTakesThePlaceOfTheButtonAmongTheStopsOfTheTabKey) {
+    Button before(QStringLiteral("Before"), Button::Kind::bordered, &window);
+    open();
+    Button after(QStringLiteral("After"), Button::Kind::bordered, &window);
+    after.move(0, 200);
+    after.show();
+    addTag(QStringLiteral("Code"));
+    library.context().processPendingChanges();
+    before.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    EXPECT_TRUE(chip("Code")->hasFocus());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    EXPECT_TRUE(after.hasFocus());
+}
+
 TEST_F(TagSelectorViewTest, aTagThatIsNotMadeLeavesEverythingAsItWas) {
     QTest::mouseClick(visibleButton(open(), QStringLiteral("Create Tag")), Qt::LeftButton);
     EXPECT_TRUE(view->isPresentingTagEditor());
