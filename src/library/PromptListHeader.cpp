@@ -25,7 +25,7 @@ PromptListHeader::PromptListHeader(QWidget* parent)
     : QWidget(parent), title(new Label(QStringLiteral("Prompts"), TextStyle::title3, ColorRole::text, this)),
       count(new Label(QString(), TextStyle::caption, ColorRole::text2, this)),
       newButton(new Button(QStringLiteral("New Prompt"), Button::Kind::bordered, this)),
-      deleteButton(new Button(QStringLiteral("Delete"), Button::Kind::destructive, this)) {
+      deleteButton(new Button(QStringLiteral("Delete"), Button::Kind::destructive, this)), lastStop(deleteButton) {
     setObjectName(QStringLiteral("PromptListHeader"));
     title->setTextStyle(TextStyle::title3, QFont::DemiBold);
     newButton->setSymbol(QStringLiteral("plus"), 14);
@@ -78,6 +78,9 @@ void PromptListHeader::addWindowItem(QWidget* item) {
         static_cast<QHBoxLayout*>(layout())->addLayout(windowItems);
     }
     windowItems->addWidget(item);
+    // It was made after the list, and would be reached after it.
+    setTabOrder(lastStop, item);
+    lastStop = item;
 }
 
 void PromptListHeader::setDeleteEnabled(bool enabled) {

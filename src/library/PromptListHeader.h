@@ -33,6 +33,7 @@ private:
     Label* count;
     Button* newButton;
     Button* deleteButton;
+    QWidget* lastStop;                  ///< of the Tab key, in this header
     QHBoxLayout* windowItems = nullptr; ///< made with the first one
 };
 

@@ -35,6 +35,25 @@ TEST_F(PromptList, eAndReturnOpenTheSelectionAndPassTheKeyOnWithoutOne) {
     }
 }
 
+TEST_F(PromptList, theTabKeyReachesTheControlsOfTheWindowBetweenItsButtonsAndTheRows) {
+    addPrompt(QStringLiteral("a"));
+    const auto add = [this](const char* help) {
+        auto* item = new IconButton(QStringLiteral("gear"), QLatin1String(help));
+        view().addWindowItem(item);
+        return item;
+    };
+    const IconButton* first = add("First");
+    const IconButton* second = add("Second");
+    shownView();
+    visibleButton(view(), QStringLiteral("New Prompt"))->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Tab); // "Delete" is not to be had without a selection
+    EXPECT_TRUE(first->hasFocus());
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(second->hasFocus());
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(rows().hasFocus());
+}
+
 TEST_F(PromptList, downOnTheLastRowStaysThere) {
     Prompt* last = addPrompt(QStringLiteral("last"));
     Prompt* first = addPrompt(QStringLiteral("first"));
