@@ -57,6 +57,12 @@ TEST_F(AppearanceSettings, anUnknownStoredModeShowsAsDark) {
     EXPECT_TRUE(isChosen("Dark"));
 }
 
+TEST_F(AppearanceSettings, aStoredModeOfAnotherTypeShowsAsDark) {
+    preferences->set(QStringLiteral("appearanceMode"), qint64{1});
+    open();
+    EXPECT_TRUE(isChosen("Dark"));
+}
+
 TEST_F(AppearanceSettings, aChoiceIsWrittenTheMomentItIsMade) {
     open();
     const std::pair<const char*, const char*> choices[] = {{"Light", "light"}, {"System", "system"}, {"Dark", "dark"}};
