@@ -104,10 +104,11 @@ void SettingsView::selectTab(SettingsTab chosen) {
 
 /// What was made last would be reached last, behind the button that closes the sheet.
 void SettingsView::orderTabStops() {
-    QWidget* last = content->widget();
-    for (QWidget* next = last; content->isAncestorOf(next); next = next->nextInFocusChain())
-        last = next;
-    setTabOrder(last, done);
+    QWidget* last = nullptr;
+    for (QWidget* next = content->widget(); content->isAncestorOf(next); next = next->nextInFocusChain())
+        if (next->focusPolicy() & Qt::TabFocus)
+            last = next;
+    setTabOrder(last, done); // does nothing without one
 }
 
 void SettingsView::presentLogExportHelp() {

@@ -9,9 +9,9 @@ class QLayout;
 
 namespace Quillstacks {
 
+class Button;
 class DataExportImportViewModel;
 class ModelContext;
-class Button;
 class ScrollArea;
 class SegmentedPicker;
 
