@@ -14,17 +14,11 @@ constexpr qint64 leastVersions = 10;
 constexpr qint64 mostVersions = 200;
 constexpr qint64 versionStep = 10;
 constexpr int spacing = 12;
-constexpr int headingGap = 3;
 
 } // namespace
 
 VersionHistorySettingsView::VersionHistorySettingsView(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("VersionHistorySettingsView"));
-    auto* heading = new QVBoxLayout;
-    heading->setSpacing(headingGap);
-    heading->addWidget(new Label(QStringLiteral("Version History"), TextStyle::headline));
-    heading->addWidget(new Label(QStringLiteral("Maximum number of versions to keep per prompt."),
-                                 TextStyle::subheadline, ColorRole::text2));
     stepperLabel = new Label;
     stepper = new Stepper({}, leastVersions, mostVersions, versionStep);
     auto* row = new QHBoxLayout;
@@ -33,7 +27,9 @@ VersionHistorySettingsView::VersionHistorySettingsView(QWidget* parent) : QWidge
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(spacing);
-    column->addLayout(heading);
+    column->addWidget(new Label(QStringLiteral("Version History"), TextStyle::headline));
+    column->addWidget(new Label(QStringLiteral("Maximum number of versions to keep per prompt."),
+                                TextStyle::subheadline, ColorRole::text2));
     column->addLayout(row);
     connect(stepper, &Stepper::valueChanged, this, [](qint64 value) { versionHistoryLimitPreference().set(value); });
     versionHistoryLimitPreference().observe(this, [this] { refresh(); });

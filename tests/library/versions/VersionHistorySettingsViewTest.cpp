@@ -33,6 +33,16 @@ TEST_F(VersionHistorySettings, showsItsHeadingItsLineAndTheLimit) {
     EXPECT_EQ(stepper().value(), 50);
 }
 
+TEST_F(VersionHistorySettings, itsElementsStandTwelveApart) {
+    view.resize(400, view.sizeHint().height());
+    view.show();
+    const auto labels = view.findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 3);
+    EXPECT_EQ(labels[1]->geometry().top() - labels[0]->geometry().bottom() - 1, 12);
+    const int row = std::min(labels[2]->geometry().top(), stepper().geometry().top());
+    EXPECT_EQ(row - labels[1]->geometry().bottom() - 1, 12);
+}
+
 TEST_F(VersionHistorySettings, movesInStepsOfTenAndIsWrittenAtOnce) {
     press(Qt::Key_Up);
     EXPECT_EQ(limit(), 60);
