@@ -66,20 +66,30 @@ void HotkeyManager::registerHotkey(std::optional<quint32> keyCode, std::optional
     eventHandler = HotKeys::installEventHandler(
         [self = QPointer<HotkeyManager>(this)](const HotKeys::Event& event) { return handleEvent(self, event); });
     HotKeys::HotKeyRef registered = 0;
-    const HotKeys::Status status =
-        HotKeys::registerEventHotKey(effectiveKeyCode, effectiveModifiers, hotKeyID, &registered);
-    if (status == HotKeys::noErr)
-        hotKeyRef = registered;
-    Log::logHotkeyRegistration(effectiveKeyCode, effectiveModifiers, status == HotKeys::noErr);
+    const HotKeys::Status status = HotKeys::registerEventHotKey(
+        effectiveKeyCode, effectiveModifiers, hotKeyID, &registered,
+        [self = QPointer<HotkeyManager>(this), effectiveKeyCode, effectiveModifiers](HotKeys::Status answer) {
+            if (self)
+                self->registrationAnswered(effectiveKeyCode, effectiveModifiers, answer);
+        });
+    if (status == HotKeys::noErr || status == HotKeys::answerPending)
+        requestedRef = registered;
+    if (status != HotKeys::answerPending)
+        registrationAnswered(effectiveKeyCode, effectiveModifiers, status);
+}
+
+void HotkeyManager::registrationAnswered(quint32 keyCode, quint32 modifiers, HotKeys::Status status) {
+    hotKeyRef = status == HotKeys::noErr ? requestedRef : std::nullopt;
+    Log::logHotkeyRegistration(keyCode, modifiers, status == HotKeys::noErr);
     if (status != HotKeys::noErr)
         Log::hotkey.error(QStringLiteral("RegisterEventHotKey failed with status: %1").arg(status));
 }
 
 void HotkeyManager::unregister() {
-    if (hotKeyRef) {
-        HotKeys::unregisterEventHotKey(*std::exchange(hotKeyRef, std::nullopt));
+    if (requestedRef)
+        HotKeys::unregisterEventHotKey(*std::exchange(requestedRef, std::nullopt));
+    if (std::exchange(hotKeyRef, std::nullopt))
         Log::hotkey.debug(QStringLiteral("Hotkey unregistered"));
-    }
     // Stands also after a registration that failed.
     if (eventHandler)
         HotKeys::removeEventHandler(*std::exchange(eventHandler, std::nullopt));

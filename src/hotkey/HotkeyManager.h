@@ -35,12 +35,19 @@ public:
     std::function<void()> onHotkeyPressed;
 
     std::optional<HotKeys::HandlerRef> eventHandler; ///< empty while nothing is installed
-    std::optional<HotKeys::HotKeyRef> hotKeyRef;     ///< empty while nothing is registered
+    std::optional<HotKeys::HotKeyRef> hotKeyRef;     ///< empty while nothing is registered, or not yet
     const HotKeys::EventHotKeyID hotKeyID;           ///< "QSTK", 1
 
     /// What the hot key service calls; `userData` is the manager, nullptr when it is gone. Public for those who play
     /// the service.
     [[nodiscard]] static HotKeys::Status handleEvent(HotkeyManager* userData, const HotKeys::Event& event);
+
+private:
+    void registrationAnswered(quint32 keyCode, quint32 modifiers, HotKeys::Status status);
+
+    /// What the hot key service knows of, also before it has answered and after it has refused: a desktop that asks its
+    /// user may give it yet.
+    std::optional<HotKeys::HotKeyRef> requestedRef;
 };
 
 /// Stored modifier flags (ModifierFlags) as the hot key service's bits; every other bit falls away.

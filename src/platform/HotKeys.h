@@ -10,6 +10,7 @@ namespace Quillstacks::HotKeys {
 
 using Status = qint32;
 inline constexpr Status noErr = 0;
+inline constexpr Status answerPending = 1; ///< the desktop has been asked, and tells later
 inline constexpr Status eventNotHandledErr = -9874;
 inline constexpr Status eventHotKeyExistsErr = -9878;  ///< another program holds the combination
 inline constexpr Status eventHotKeyInvalidErr = -9879; ///< no such key here, or no service that could grab it
@@ -38,10 +39,19 @@ using HotKeyRef = quint64;  ///< 0: none
 
 [[nodiscard]] HandlerRef installEventHandler(Handler handler);
 void removeEventHandler(HandlerRef handler);
-/// Grabs the combination, whatever the state of the lock keys. On success `*out` is set. Survives changes of the layout
-/// and of the modifier map. One press fires once until the key is released.
-[[nodiscard]] Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out);
+/// What a pending registration has come to: noErr, or why there is no hot key. Told again whenever that changes, as
+/// when the desktop takes the key away or gives it after all; never from within a call of these functions, and not
+/// after the registration's end.
+using Answer = std::function<void(Status)>;
+
+/// Grabs the combination, whatever the state of the lock keys. On success, or while pending, `*out` is set. Survives
+/// changes of the layout and of the modifier map. One press fires once until the key is released.
+[[nodiscard]] Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out,
+                                         Answer answered = {});
 void unregisterEventHotKey(HotKeyRef hotKey);
+
+/// Whether programs can have hot keys on this desktop at all, as far as is known by now.
+[[nodiscard]] bool isSupported();
 
 /// The time stamp of the press that was delivered last, once: 0 after it was taken, and when there was none. A window
 /// that a press opens asks for the focus with it; one that is opened otherwise must not come with the time of a press

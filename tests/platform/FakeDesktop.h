@@ -50,7 +50,12 @@ struct FakeDesktop final {
         HotKeys::EventHotKeyID id;
     };
     HotKeys::Status registerStatus = HotKeys::noErr;
-    std::map<HotKeys::HotKeyRef, HotKey> hotKeys; ///< those that are registered now
+    std::map<HotKeys::HotKeyRef, HotKey> hotKeys; ///< those that are registered now, or pending
+    bool hotKeysAnswerLater = false;              ///< registrations are pending until answerHotKeys()
+    std::map<HotKeys::HotKeyRef, HotKeys::Answer> hotKeyAnswers;
+    /// Tells those that registered with hotKeysAnswerLater what came of it.
+    void answerHotKeys(HotKeys::Status status);
+    bool hotKeysSupported = true;
     std::map<HotKeys::HandlerRef, HotKeys::Handler> handlers;
     quint32 eventTime = 0; ///< what takeEventTime() gives next
     /// A press of the registered hot key (of any: the handlers alone decide), as the window system delivers it.

@@ -19,6 +19,12 @@ HotKeys::Status FakeDesktop::press(const HotKeys::Event& event) {
     return newest(event);
 }
 
+void FakeDesktop::answerHotKeys(HotKeys::Status status) {
+    const auto waiting = hotKeyAnswers;
+    for (const auto& [ref, answered] : waiting)
+        answered(status);
+}
+
 namespace HotKeys {
 
 HandlerRef installEventHandler(Handler handler) {
@@ -33,19 +39,27 @@ void removeEventHandler(HandlerRef handler) {
     FakeDesktop::shared().handlers.erase(handler);
 }
 
-Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out) {
+Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out, Answer answered) {
     FakeDesktop& desktop = FakeDesktop::shared();
     desktop.note(QStringLiteral("registerEventHotKey %1 0x%2").arg(keyCode).arg(modifiers, 0, 16));
     if (desktop.registerStatus != noErr)
         return desktop.registerStatus;
     desktop.hotKeys.emplace(++desktop.lastRef, FakeDesktop::HotKey{keyCode, modifiers, id});
     *out = desktop.lastRef;
-    return noErr;
+    if (!desktop.hotKeysAnswerLater)
+        return noErr;
+    desktop.hotKeyAnswers.emplace(desktop.lastRef, std::move(answered));
+    return answerPending;
 }
 
 void unregisterEventHotKey(HotKeyRef hotKey) {
     FakeDesktop::shared().note(QStringLiteral("unregisterEventHotKey"));
     FakeDesktop::shared().hotKeys.erase(hotKey);
+    FakeDesktop::shared().hotKeyAnswers.erase(hotKey);
+}
+
+bool isSupported() {
+    return FakeDesktop::shared().hotKeysSupported;
 }
 
 quint32 takeEventTime() {

@@ -15,6 +15,10 @@ bool Accessibility::isProcessTrusted(bool prompt) {
     return desktop.trusted;
 }
 
+void Accessibility::openSettings() {
+    FakeDesktop::shared().note(QStringLiteral("openAccessibilitySettings"));
+}
+
 QStringList Files::applicationSupportDirectories() {
     return FakeDesktop::shared().applicationSupportDirectories.value_or(
         QStringList{QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)});

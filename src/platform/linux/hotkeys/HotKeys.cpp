@@ -1,6 +1,8 @@
 #include "platform/HotKeys.h"
 
+#include "hotkeys/PortalHotKeys.h"
 #include "hotkeys/X11HotKeys.h"
+#include "instance/StartupToken.h"
 #include "Session.h"
 #include "x11/Connection.h"
 
@@ -20,6 +22,8 @@ struct Registry {
     HandlerRef lastHandler = 0;
     HotKeyRef lastHotKey = 0;
     quint32 lastTime = 0;
+    QPointer<X11HotKeys> x11;
+    QPointer<PortalHotKeys> portal;
 };
 
 Registry& registry() {
@@ -41,19 +45,23 @@ void deliver(HotKeyRef hotKey, quint32 time) {
             return;
 }
 
-QPointer<X11HotKeys>& x11BackEnd() {
-    static QPointer<X11HotKeys> instance;
+// Each is made at the first need; nullptr where the user's session is not of its kind.
+
+PortalHotKeys* portalBackEnd() {
+    QPointer<PortalHotKeys>& instance = registry().portal;
+    if (!instance && (instance = PortalHotKeys::shared()))
+        QObject::connect(instance, &PortalHotKeys::pressed, instance,
+                         [](HotKeyRef hotKey, quint32 time, const QString& activationToken) {
+                             StartupToken::useForNextActivation(activationToken);
+                             deliver(hotKey, time);
+                         });
     return instance;
 }
 
-/// The back end of the user's session, made at the first need; nullptr where keys cannot be grabbed.
-X11HotKeys* backEnd() {
-    // A grab through XWayland is granted and never fires; no hot key is better than a dead one.
-    if (Session::isWayland())
-        return nullptr;
-    QPointer<X11HotKeys>& instance = x11BackEnd();
+X11HotKeys* x11BackEnd() {
+    QPointer<X11HotKeys>& instance = registry().x11;
     auto* connection = X11::connection();
-    if (!instance && connection) {
+    if (!instance && connection && !Session::isWayland()) {
         instance = new X11HotKeys(connection, QCoreApplication::instance());
         QObject::connect(instance, &X11HotKeys::pressed, instance, &deliver);
     }
@@ -72,26 +80,37 @@ void removeEventHandler(HandlerRef handler) {
     registry().handlers.erase(handler);
 }
 
-Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out) {
-    auto* keys = backEnd();
-    if (!keys)
-        return eventHotKeyInvalidErr;
+Status registerEventHotKey(quint32 keyCode, quint32 modifiers, EventHotKeyID id, HotKeyRef* out, Answer answered) {
     Registry& all = registry();
     const HotKeyRef ref = ++all.lastHotKey;
-    const Status status = keys->grab(ref, keyCode, modifiers);
-    if (status != noErr)
+    Status status = eventHotKeyInvalidErr;
+    // A grab through XWayland is granted and never fires; no hot key is better than a dead one.
+    if (auto* portal = portalBackEnd())
+        status = portal->grab(ref, keyCode, modifiers, std::move(answered));
+    else if (auto* keys = x11BackEnd())
+        status = keys->grab(ref, keyCode, modifiers);
+    if (status != noErr && status != answerPending)
         return status;
     all.hotKeys.emplace(ref, id);
     *out = ref;
-    return noErr;
+    return status;
 }
 
 void unregisterEventHotKey(HotKeyRef hotKey) {
-    if (registry().hotKeys.erase(hotKey) == 0)
+    Registry& all = registry();
+    if (all.hotKeys.erase(hotKey) == 0)
         return;
-    // Not backEnd(): at the end of the process there may be none any more, and none must be made.
-    if (x11BackEnd())
-        x11BackEnd()->release(hotKey);
+    // Not made anew: at the end of the process there may be none any more.
+    if (all.portal)
+        all.portal->release(hotKey);
+    if (all.x11)
+        all.x11->release(hotKey);
+}
+
+bool isSupported() {
+    if (const auto* portal = portalBackEnd())
+        return portal->isSupported();
+    return x11BackEnd() != nullptr;
 }
 
 quint32 takeEventTime() {
