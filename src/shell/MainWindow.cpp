@@ -1,5 +1,7 @@
 #include "shell/MainWindow.h"
 
+#include "hotkey/PermissionBannerModifier.h"
+#include "hotkey/PermissionManager.h"
 #include "interface/Accessible.h"
 #include "interface/BusyIndicator.h"
 #include "interface/Label.h"
@@ -56,6 +58,7 @@ MainWindow::MainWindow(Store opened)
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     OverlayScrollBar::install(area, true);
+    new PermissionBannerModifier(this, PermissionManager::shared());
     resize(firstSize);
 }
 
@@ -146,6 +149,7 @@ void MainWindow::appear() {
     DockVisibilityController::shared().setPolicy(ActivationPolicy::regular);
     // Twice on purpose: before and after the look at the permission.
     MainWindowFocusManager::shared().requestFocus();
+    PermissionManager::shared().checkOnLaunch();
     MainWindowFocusManager::shared().requestFocus();
 }
 

@@ -4,6 +4,7 @@
 #include "foundation/Log.h"
 #include "foundation/MainQueue.h"
 #include "hotkey/HotkeyManager.h"
+#include "hotkey/PermissionManager.h"
 #include "library/model/ModelContainer.h"
 #include "platform/Files.h"
 #include "platform/SingleInstance.h"
@@ -33,6 +34,7 @@ QuillstacksApp::QuillstacksApp() {
     openStore();
     if (sharedModelContainer)
         QuickAccessWindowManager::shared().setModelContainer(sharedModelContainer.get());
+    PermissionManager::shared().checkOnLaunch();
     // Out of sight from the first moment; the main window, opened after it, brings the program back among the others.
     MainQueue::async(this, [] { DockVisibilityController::shared().setPolicy(ActivationPolicy::accessory); });
     connectHotkey();

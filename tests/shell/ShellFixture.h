@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/ManualClock.h"
+#include "hotkey/PermissionManager.h"
 #include "library/model/ModelContainer.h"
 #include "platform/FakeDesktop.h"
 #include "quickaccess/QuickAccessWindowManager.h"
@@ -23,6 +24,8 @@ protected:
         desktop.applicationSupportDirectories = QStringList{support.path()};
         DockVisibilityController::shared().setPolicy(ActivationPolicy::regular);
         MainWindowFocusManager::shared().reset();
+        PermissionManager::shared().hasCheckedOnLaunch = false;
+        PermissionManager::shared().dismissAlert();
         desktop.calls.clear();
         log.clear();
     }

@@ -1,12 +1,13 @@
 #include "GeneralSettingsTab.h"
 
 #include "AppearanceSettingsView.h"
+#include "hotkey/HotkeySettingsView.h"
 
 namespace Quillstacks {
 
 GeneralSettingsTab::GeneralSettingsTab(QWidget* parent) : SettingsColumn(parent) {
     setObjectName(QStringLiteral("GeneralSettingsTab"));
-    addRow({new AppearanceSettingsView});
+    addRow({new HotkeySettingsView, new AppearanceSettingsView});
 }
 
 } // namespace Quillstacks

@@ -115,7 +115,7 @@ TEST_F(SettingsWindow, keepsItsDistances) {
     EXPECT_EQ(place(area()).bottom() + 1 + 1 + 20, place(done).top());
     const auto* card = settings->findChild<Card*>();
     EXPECT_EQ(place(card).left(), 32);
-    EXPECT_EQ(place(card).width(), 900 - 64);
+    EXPECT_EQ(place(card).width(), (900 - 64 - 20) / 2);
     EXPECT_EQ(card->height(), card->heightForWidth(card->width())) << "as high as its content, wherever there is room";
     EXPECT_EQ(place(card->findChild<Label*>()).topLeft(), place(card).topLeft() + QPoint(20, 20));
 }

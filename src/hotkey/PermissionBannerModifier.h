@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+#include <QVariantAnimation>
+
+class QGraphicsOpacityEffect;
+class QWidget;
+
+namespace Quillstacks {
+
+class PermissionBannerView;
+class PermissionManager;
+struct Spring;
+
+/// Shows the permission banner over a window while its manager says so: at the bottom, centred, 40 above the edge,
+/// beneath the window's sheets. It comes from below the edge, and goes there.
+class PermissionBannerModifier final : public QObject {
+    Q_OBJECT
+public:
+    /// The window owns it.
+    PermissionBannerModifier(QWidget* window, PermissionManager& manager);
+
+    [[nodiscard]] PermissionBannerView* view() const { return banner; }
+    [[nodiscard]] const QVariantAnimation& movement() const { return animation; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void animate(bool isShown, const Spring& spring);
+    void showPosition(qreal now);
+    void place();
+
+    QWidget* window;
+    PermissionBannerView* banner;
+    QGraphicsOpacityEffect* fading;
+    QVariantAnimation animation; ///< 0 out of sight, 1 in place
+    qreal position = 0;
+};
+
+} // namespace Quillstacks
