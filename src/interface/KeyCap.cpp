@@ -47,6 +47,25 @@ QFont runFont(bool isGlyphs, qreal points) {
     return isGlyphs ? keyGlyphFont(points) : absoluteMonospacedFont(points);
 }
 
+QString spelledWord(const QString& text) {
+    QString modifiers;
+    QString rest;
+    // Ctrl comes first on a PC, whatever the order of the signs.
+    for (const char16_t sign : {u'⌘', u'⌃', u'⌥', u'⇧'})
+        if (text.contains(QChar(sign)))
+            modifiers += QLatin1String(glyphOf(QChar(sign))->name) + QLatin1Char('+');
+    for (const QChar unit : text) {
+        const Glyph* glyph = glyphOf(unit);
+        if (!glyph)
+            rest += unit;
+        else if (!glyph->isModifier)
+            rest += (rest.isEmpty() ? QString() : QStringLiteral(" ")) + QLatin1String(glyph->name);
+    }
+    if (rest.isEmpty() && modifiers.endsWith(QLatin1Char('+')))
+        modifiers.chop(1);
+    return modifiers + rest;
+}
+
 } // namespace
 
 qreal KeyText::width(const QString& text, qreal points) {
@@ -71,22 +90,11 @@ void KeyText::draw(QPainter& painter, const QRectF& box, const QString& text, qr
 }
 
 QString KeyText::spelledOut(const QString& text) {
-    QString modifiers;
-    QString rest;
-    // Ctrl comes first on a PC, whatever the order of the signs.
-    for (const char16_t sign : {u'⌘', u'⌃', u'⌥', u'⇧'})
-        if (text.contains(QChar(sign)))
-            modifiers += QLatin1String(glyphOf(QChar(sign))->name) + QLatin1Char('+');
-    for (const QChar unit : text) {
-        const Glyph* glyph = glyphOf(unit);
-        if (!glyph)
-            rest += unit;
-        else if (!glyph->isModifier)
-            rest += (rest.isEmpty() ? QString() : QStringLiteral(" ")) + QLatin1String(glyph->name);
-    }
-    if (rest.isEmpty() && modifiers.endsWith(QLatin1Char('+')))
-        modifiers.chop(1);
-    return modifiers + rest;
+    // Word by word: "P or ⌘N" has its modifier at the second key only.
+    QStringList words = text.split(QLatin1Char(' '));
+    for (QString& word : words)
+        word = spelledWord(word);
+    return words.join(QLatin1Char(' '));
 }
 
 KeyCap::KeyCap(const QString& text, QWidget* parent) : QWidget(parent) {
@@ -98,15 +106,23 @@ KeyCap::KeyCap(const QString& text, QWidget* parent) : QWidget(parent) {
     });
 }
 
+void KeyCap::setPaddingY(int padding) {
+    paddingY = padding;
+    updateGeometry();
+}
+
 void KeyCap::setLarge(bool isLarge) {
     large = isLarge;
+    paddingY = large ? 4 : 2;
     updateGeometry();
     update();
 }
 
 void KeyCap::setKeys(const QString& text) {
     keys = text;
-    setAccessibleName(KeyText::spelledOut(text));
+    const QString spelled = KeyText::spelledOut(text);
+    setAccessibleName(spelled);
+    setToolTip(spelled == text ? QString() : spelled);
     updateGeometry();
     update();
 }
@@ -116,7 +132,7 @@ qreal KeyCap::points() const {
 }
 
 QSize KeyCap::sizeHint() const {
-    const int height = large ? textLineHeight(TextStyle::subheadline) + 8 : textLineHeight(TextStyle::monoCaption) + 4;
+    const int height = textLineHeight(large ? TextStyle::subheadline : TextStyle::monoCaption) + 2 * paddingY;
     return {static_cast<int>(std::ceil(KeyText::width(keys, points()))) + (large ? 16 : 12), height};
 }
 

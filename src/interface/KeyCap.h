@@ -11,7 +11,8 @@ struct KeyText {
     [[nodiscard]] static qreal width(const QString& text, qreal points);
     /// Draws it left-aligned and vertically centred in `box`.
     static void draw(QPainter& painter, const QRectF& box, const QString& text, qreal points, const QColor& color);
-    /// The same in words, for assistive tools and tool tips: "⇧⌘Space" is "Ctrl+Shift+Space".
+    /// The same in words, for assistive tools and tool tips: "⇧⌘Space" is "Ctrl+Shift+Space", "P or ⌘N" is
+    /// "P or Ctrl+N".
     [[nodiscard]] static QString spelledOut(const QString& text);
 };
 
@@ -20,8 +21,10 @@ class KeyCap final : public QWidget {
     Q_OBJECT
 public:
     explicit KeyCap(const QString& keys, QWidget* parent = nullptr);
-    /// The larger one of the welcome: 13.5 px, padding 8 x 4, radius 6.
+    /// The larger one of the help: 13.5 px, padding 8 x 4, radius 6.
     void setLarge(bool large);
+    /// Above and below the text, in points.
+    void setPaddingY(int points);
     void setKeys(const QString& keys);
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -34,6 +37,7 @@ private:
 
     QString keys;
     bool large = false;
+    int paddingY = 2;
 };
 
 } // namespace Quillstacks

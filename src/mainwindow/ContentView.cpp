@@ -7,6 +7,7 @@
 #include "library/model/ModelContext.h"
 #include "library/PromptListView.h"
 #include "library/tags/TagEditorView.h"
+#include "mainwindow/HelpView.h"
 #include "mainwindow/settings/SettingsView.h"
 #include "mainwindow/SidebarView.h"
 
@@ -40,12 +41,19 @@ void ContentView::connectSidebar() {
 }
 
 void ContentView::buildToolbar() {
-    auto* settings = new IconButton(QStringLiteral("gear"), QStringLiteral("Settings"));
-    settings->setSymbolSize(19);
-    connect(settings, &QAbstractButton::clicked, this, &ContentView::presentSettings);
-    list->addWindowItem(settings);
-    auto* settingsKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), this);
-    connect(settingsKey, &QShortcut::activated, this, &ContentView::presentSettings);
+    addToolbarItem(QStringLiteral("gear"), QStringLiteral("Settings"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
+                   &ContentView::presentSettings);
+    addToolbarItem(QStringLiteral("questionmark.circle"), QStringLiteral("Help"), QKeySequence(Qt::CTRL | Qt::Key_H),
+                   &ContentView::presentHelp);
+}
+
+void ContentView::addToolbarItem(const QString& symbol, const QString& title, const QKeySequence& key,
+                                 void (ContentView::*action)()) {
+    auto* item = new IconButton(symbol, title);
+    item->setSymbolSize(19);
+    connect(item, &QAbstractButton::clicked, this, action);
+    list->addWindowItem(item);
+    connect(new QShortcut(key, this), &QShortcut::activated, this, action);
 }
 
 void ContentView::setSearchText(const QString& text) {
@@ -92,6 +100,17 @@ void ContentView::presentSettings() {
     Sheet* sheet = Sheet::present(this, std::move(settings), SettingsView::sheetOptions());
     connect(view, &SettingsView::closed, sheet, &Sheet::dismiss);
     connect(sheet, &Sheet::closed, this, [this] { presentingSettings = false; });
+}
+
+void ContentView::presentHelp() {
+    if (presentingHelp || Sheet::covers(this))
+        return;
+    presentingHelp = true;
+    auto help = std::make_unique<HelpView>();
+    HelpView* view = help.get();
+    Sheet* sheet = Sheet::present(this, std::move(help), HelpView::sheetOptions());
+    connect(view, &HelpView::closed, sheet, &Sheet::dismiss);
+    connect(sheet, &Sheet::closed, this, [this] { presentingHelp = false; });
 }
 
 void ContentView::keyPressEvent(QKeyEvent* event) {

@@ -25,6 +25,7 @@ public:
     /// What the tag editor was last opened for; none for a new tag.
     [[nodiscard]] Tag* editingTag() const { return editedTag; }
     [[nodiscard]] bool isPresentingTagEditor() const { return presentingTagEditor; }
+    [[nodiscard]] bool isPresentingHelp() const { return presentingHelp; }
     [[nodiscard]] bool isPresentingSettings() const { return presentingSettings; }
     void setSearchText(const QString& text);
     void setSelectedTagId(const std::optional<Uuid>& id);
@@ -33,6 +34,7 @@ public:
     void onCreateTag();
     void onEditTag(Tag* tag);
     void presentSettings();
+    void presentHelp();
 
     /// For what reaches in from outside the window, such as a new prompt asked for by the desktop.
     [[nodiscard]] PromptListView& promptList() const { return *list; }
@@ -44,6 +46,8 @@ protected:
 private:
     void connectSidebar();
     void buildToolbar();
+    void addToolbarItem(const QString& symbol, const QString& title, const QKeySequence& key,
+                        void (ContentView::*action)());
     void presentTagEditor(Tag* tag);
 
     ModelContext& modelContext;
@@ -51,6 +55,7 @@ private:
     std::optional<Uuid> tagId;
     Tag* editedTag = nullptr;
     bool presentingTagEditor = false;
+    bool presentingHelp = false;
     bool presentingSettings = false;
     SidebarView* sidebar;
     PromptListView* list;

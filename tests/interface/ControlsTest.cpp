@@ -235,7 +235,12 @@ TEST_F(KeyCapOf, signsAreSpelledOutForAPcKeyboard) {
     EXPECT_EQ(KeyText::spelledOut(QString::fromUtf16(u"↑↓")), QStringLiteral("Up Down"));
     EXPECT_EQ(KeyText::spelledOut(QStringLiteral("esc")), QStringLiteral("esc"));
     EXPECT_EQ(KeyText::spelledOut(QString::fromUtf16(u"⌃⌥⇧⌘")), QStringLiteral("Ctrl+Super+Alt+Shift"));
+    EXPECT_EQ(KeyText::spelledOut(QString::fromUtf16(u"⇧⌘Space (default)")),
+              QStringLiteral("Ctrl+Shift+Space (default)"));
+    EXPECT_EQ(KeyText::spelledOut(QString::fromUtf16(u"P or ⌘N")), QStringLiteral("P or Ctrl+N"));
     EXPECT_EQ(KeyCap(QString::fromUtf16(u"⌘N")).accessibleName(), QStringLiteral("Ctrl+N"));
+    EXPECT_EQ(KeyCap(QString::fromUtf16(u"⌘N")).toolTip(), QStringLiteral("Ctrl+N"));
+    EXPECT_EQ(KeyCap(QStringLiteral("esc")).toolTip(), QString());
 }
 
 } // namespace

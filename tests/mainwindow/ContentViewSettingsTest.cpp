@@ -52,10 +52,10 @@ TEST_F(ContentViewSettings, theToolbarsGearOpensThem) {
     EXPECT_FALSE(settings());
 }
 
-TEST_F(ContentViewSettings, theGearStandsAtTheEndOfTheListsHeader) {
+TEST_F(ContentViewSettings, theGearStandsBeforeTheHelpAtTheEndOfTheListsHeader) {
     open();
     const QPoint place = gear()->mapTo(made.get(), QPoint(0, 0));
-    EXPECT_EQ(place, QPoint(1280 - 20 - 32, 16));
+    EXPECT_EQ(place, QPoint(1280 - 20 - 32 - 8 - 32, 16));
     const Button* deleteButton = visibleButton(*made, QStringLiteral("Delete"));
     EXPECT_EQ(deleteButton->mapTo(made.get(), QPoint(deleteButton->width(), 0)).x(), place.x() - 14 - 1 - 14);
 }
