@@ -3,16 +3,19 @@
 #include "foundation/Clock.h"
 #include "foundation/MainQueue.h"
 
-#include <QCoreApplication>
+#include <QFileInfo>
 #include <QHostAddress>
-#include <QNetworkAccessManager>
-#include <QNetworkProxyFactory>
-#include <QPointer>
+#include <QNetworkProxy>
 
 #include <utility>
 
 namespace Quillstacks {
 namespace {
+
+constexpr int mostRedirects = 20;
+constexpr qint64 readBuffer = 256 * 1024;
+constexpr int temporaryRedirect = 307;
+constexpr int permanentRedirect = 308;
 
 bool isLoopback(const QString& host) {
     const QString localhost = QStringLiteral("localhost");
@@ -20,71 +23,100 @@ bool isLoopback(const QString& host) {
            host.endsWith(QLatin1Char('.') + localhost, Qt::CaseInsensitive) || QHostAddress(host).isLoopback();
 }
 
-/// The desktop's proxies, but for this computer: none of them can reach it.
-class ProxiesBeyondLoopback final : public QNetworkProxyFactory {
-public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
-        if (isLoopback(query.url().host()))
-            return {QNetworkProxy::NoProxy};
-        return systemProxyForQuery(query);
-    }
-};
-
-QNetworkAccessManager& sharedSession() {
-    static QPointer<QNetworkAccessManager> session;
-    if (!session) {
-        session = new QNetworkAccessManager(qApp);
-        session->setProxyFactory(new ProxiesBeyondLoopback);
-    }
-    return *session;
+bool isSecure(const QUrl& url) {
+    return url.scheme() == QLatin1String("https");
 }
 
-QNetworkReply* send(const QUrl& url, const QByteArray& json) {
-    QNetworkRequest request(url);
-    request.setRawHeader("Content-Type", "application/json");
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);
-    // These know no methods: they are only read.
-    if (url.isLocalFile() || url.scheme() == QLatin1String("data"))
-        return sharedSession().get(request);
-    return sharedSession().post(request, json);
+quint16 portOf(const QUrl& url) {
+    return static_cast<quint16>(url.port(isSecure(url) ? 443 : 80));
 }
 
 bool isSameOrigin(const QUrl& a, const QUrl& b) {
-    const auto port = [](const QUrl& url) { return url.port(url.scheme() == QLatin1String("https") ? 443 : 80); };
-    return a.scheme() == b.scheme() && a.host() == b.host() && port(a) == port(b);
+    return a.scheme() == b.scheme() && a.host() == b.host() && portOf(a) == portOf(b);
 }
 
-/// A status of 400 and above counts as an error to the toolkit; it is an answer all the same, if it came whole.
-bool isAnswer(QNetworkReply::NetworkError error, int status) {
-    constexpr int leastBadStatus = 400;
-    if (error == QNetworkReply::NoError)
-        return true;
-    return status >= leastBadStatus && error > QNetworkReply::UnknownProxyError &&
-           error != QNetworkReply::ProtocolUnknownError && error != QNetworkReply::ProtocolFailure;
+/// The desktop's proxy, but for this computer: none of them can reach it.
+QNetworkProxy proxyFor(const QUrl& url) {
+    if (isLoopback(url.host()))
+        return {QNetworkProxy::NoProxy};
+    return QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url)).value(0, {QNetworkProxy::NoProxy});
 }
 
-QString tooLarge() {
-    return QStringLiteral("The answer is larger than 16 MiB.");
+QByteArray authority(const QUrl& url) {
+    const QString host = url.host(QUrl::FullyEncoded);
+    const QString bracketed = host.contains(QLatin1Char(':')) ? QLatin1Char('[') + host + QLatin1Char(']') : host;
+    return (url.port() < 0 ? bracketed : bracketed + QLatin1Char(':') + QString::number(url.port())).toLatin1();
+}
+
+/// Path and query as they stand: two slashes stay two.
+QByteArray target(const QUrl& url) {
+    const QString path = url.path(QUrl::FullyEncoded);
+    const QString query = url.hasQuery() ? QLatin1Char('?') + url.query(QUrl::FullyEncoded) : QString();
+    return ((path.isEmpty() ? QStringLiteral("/") : path) + query).toLatin1();
 }
 
 } // namespace
 
-HttpPost::HttpPost(const QUrl& address, const QByteArray& json)
-    : url(address), reply(send(address, json)), lastProgress(Clock::uptime()) {
-    connect(reply, &QNetworkReply::uploadProgress, this, &HttpPost::noteProgress);
-    connect(reply, &QNetworkReply::metaDataChanged, this, &HttpPost::noteProgress);
-    connect(reply, &QNetworkReply::readyRead, this, &HttpPost::take);
-    connect(reply, &QNetworkReply::redirected, this, &HttpPost::judgeRedirect);
-    connect(reply, &QNetworkReply::finished, this, &HttpPost::takeEnd);
-    watchForSilence();
+HttpPost::HttpPost(const QUrl& address, const QByteArray& body)
+    : url(address), json(body), lastProgress(Clock::uptime()) {
+    if (url.scheme() != QLatin1String("http") && !isSecure(url)) {
+        readWithoutHttp();
+    } else if (url.host().isEmpty()) {
+        end(QStringLiteral("The URL names no host."));
+    } else {
+        connectToServer();
+        watchForSilence();
+    }
 }
 
 HttpPost::~HttpPost() {
-    if (!reply)
+    dropSocket();
+}
+
+// What can be read without a server is an answer, though not of the kind that is wanted.
+void HttpPost::readWithoutHttp() {
+    const bool isReadable =
+        url.scheme() == QLatin1String("data") || (url.isLocalFile() && QFileInfo(url.toLocalFile()).isReadable());
+    end(isReadable ? QString() : QStringLiteral("The URL can't be reached."));
+}
+
+void HttpPost::connectToServer() {
+    answer = {};
+    socket = new QSslSocket(this);
+    socket->setReadBufferSize(readBuffer);
+    connect(socket, isSecure(url) ? &QSslSocket::encrypted : &QAbstractSocket::connected, this, &HttpPost::send);
+    connect(socket, &QIODevice::bytesWritten, this, &HttpPost::noteProgress);
+    connect(socket, &QIODevice::readyRead, this, &HttpPost::take);
+    connect(socket, &QAbstractSocket::errorOccurred, this, &HttpPost::takeError);
+    QNetworkProxy proxy = proxyFor(url);
+    const bool isHttpProxy =
+        proxy.type() == QNetworkProxy::HttpProxy || proxy.type() == QNetworkProxy::HttpCachingProxy;
+    tellsProxy = isHttpProxy && !isSecure(url);
+    if (tellsProxy) {
+        socket->setProxy(QNetworkProxy::NoProxy);
+        socket->connectToHost(proxy.hostName(), proxy.port());
         return;
-    reply->disconnect(this);
-    reply->abort();
-    reply->deleteLater();
+    }
+    if (isHttpProxy)
+        proxy.setType(QNetworkProxy::HttpProxy); // asks for a tunnel
+    socket->setProxy(proxy);
+    if (isSecure(url))
+        socket->connectToHostEncrypted(url.host(), portOf(url));
+    else
+        socket->connectToHost(url.host(), portOf(url));
+}
+
+QByteArray HttpPost::request() const {
+    const QByteArray resource = target(url);
+    return method + ' ' + (tellsProxy ? "http://" + authority(url) + resource : resource) +
+           " HTTP/1.1\r\nHost: " + authority(url) +
+           "\r\nContent-Type: application/json\r\nContent-Length: " + QByteArray::number(json.size()) +
+           "\r\nConnection: close\r\n\r\n" + json;
+}
+
+void HttpPost::send() {
+    noteProgress();
+    socket->write(request());
 }
 
 void HttpPost::noteProgress() {
@@ -102,44 +134,70 @@ void HttpPost::watchForSilence() {
     });
 }
 
-bool HttpPost::readAll() {
-    noteProgress();
-    bytes += reply->readAll();
-    return bytes.size() <= mostBytes;
-}
-
 void HttpPost::take() {
-    if (!readAll())
-        end(tooLarge());
-}
-
-void HttpPost::judgeRedirect(const QUrl& target) {
     noteProgress();
-    if (isSameOrigin(url, target)) {
-        Q_EMIT reply->redirectAllowed();
-        return;
-    }
-    code = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    end({});
+    judge(answer.take(socket->readAll()));
 }
 
-void HttpPost::takeEnd() {
-    if (reply->url().scheme().startsWith(QLatin1String("http")))
-        code = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (!isAnswer(reply->error(), code))
-        end(reply->errorString());
-    else
-        end(readAll() ? QString() : tooLarge());
+void HttpPost::takeError(QAbstractSocket::SocketError error) {
+    if (error != QAbstractSocket::RemoteHostClosedError)
+        return end(socket->errorString());
+    answer.take(socket->readAll());
+    judge(answer.takeEnd());
+}
+
+void HttpPost::judge(HttpAnswerReader::State state) {
+    switch (state) {
+    case HttpAnswerReader::State::reading:
+        return;
+    case HttpAnswerReader::State::broken:
+        return end(QStringLiteral("The server's answer is cut short, or no HTTP."));
+    case HttpAnswerReader::State::tooLarge:
+        return end(QStringLiteral("The server's answer is too large."));
+    case HttpAnswerReader::State::complete:
+        break;
+    }
+    if (followRedirect())
+        return;
+    code = answer.status();
+    end(redirects > mostRedirects ? QStringLiteral("The server redirects without end.") : QString());
+}
+
+bool HttpPost::followRedirect() {
+    const int status = answer.status();
+    const bool keepsMethod = status == temporaryRedirect || status == permanentRedirect;
+    const bool isRedirect = keepsMethod || (status >= 301 && status <= 303);
+    const QByteArray location = answer.header("location");
+    if (!isRedirect || location.isEmpty())
+        return false;
+    const QUrl next = url.resolved(QUrl(QString::fromUtf8(location)));
+    if (!isSameOrigin(url, next) || ++redirects > mostRedirects)
+        return false;
+    url = next;
+    if (!keepsMethod) {
+        method = QByteArrayLiteral("GET");
+        json.clear();
+    }
+    dropSocket();
+    connectToServer();
+    return true;
+}
+
+void HttpPost::dropSocket() {
+    if (!socket)
+        return;
+    QSslSocket* over = std::exchange(socket, nullptr);
+    over->disconnect(this);
+    over->abort();
+    over->setParent(nullptr);
+    over->deleteLater(); // it may be telling of something just now
 }
 
 void HttpPost::end(const QString& failure) {
     ended = true;
     reason = failure;
-    QNetworkReply* over = std::exchange(reply, nullptr);
-    over->disconnect(this);
-    over->abort();
-    over->deleteLater();
-    Q_EMIT finished(); // may destroy this
+    dropSocket();
+    Q_EMIT finished();
 }
 
 } // namespace Quillstacks

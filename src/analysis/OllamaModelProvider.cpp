@@ -1,9 +1,9 @@
 #include "analysis/OllamaModelProvider.h"
 
+#include "analysis/answer/OllamaResponse.h"
 #include "analysis/OllamaError.h"
 #include "foundation/Log.h"
 #include "HttpPost.h"
-#include "OllamaResponse.h"
 
 #include <QCoroSignal>
 

@@ -2,8 +2,8 @@
 
 #include "analysis/AnalysisError.h"
 #include "analysis/AnalysisPreferences.h"
+#include "analysis/answer/JsonCleanUp.h"
 #include "analysis/AppleModelProvider.h"
-#include "analysis/JsonCleanUp.h"
 #include "analysis/OllamaError.h"
 #include "analysis/OllamaModelProvider.h"
 #include "AnalysisPrompt.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/PromptAnalysis.h"
+#include "analysis/answer/PromptAnalysis.h"
 
 #include <QCoroTask>
 

@@ -1,5 +1,5 @@
 #include "analysis/OllamaModelProvider.h"
-#include "analysis/JsonError.h"
+#include "analysis/answer/JsonError.h"
 #include "analysis/OllamaError.h"
 #include "AnalysisFixture.h"
 
@@ -45,6 +45,7 @@ TEST_F(OllamaModelProviderTest, theRequestHasExactlyTheThreeKeys) {
     const HttpServer::Request& request = server.requests.front();
     EXPECT_EQ(request.line(), "POST /api/chat HTTP/1.1");
     EXPECT_EQ(request.header("Content-Type"), "application/json");
+    EXPECT_EQ(request.head.count('\n'), 4) << "no headers but those of any request";
     const auto message = [](const char* role, const char* content) {
         return QJsonObject{{QStringLiteral("role"), QLatin1String(role)},
                            {QStringLiteral("content"), QLatin1String(content)}};
@@ -219,6 +220,29 @@ TEST_F(OllamaModelProviderTest, anAnswerThatEndsTooEarlyIsConnectionFailed) {
     }
 }
 
+TEST_F(OllamaModelProviderTest, aBaseThatEndsInASlashYieldsADoubleSlash) {
+    server.answerWith(200, hello);
+    EXPECT_EQ(ask(server.url() + QStringLiteral("/")).result, QStringLiteral("Hello."));
+    EXPECT_EQ(server.requests.front().line(), "POST //api/chat HTTP/1.1");
+    ask(server.url() + QStringLiteral("/a/b"));
+    EXPECT_EQ(server.requests.back().line(), "POST /a/b/api/chat HTTP/1.1");
+}
+
+TEST_F(OllamaModelProviderTest, headersWithoutEndAreConnectionFailed) {
+    server.respond = [this](QTcpSocket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\n");
+        const auto more = [&socket] {
+            if (socket.bytesToWrite() < 1000000)
+                socket.write("X-Header: " + QByteArray(50000, 'x') + "\r\n");
+        };
+        QObject::connect(&socket, &QTcpSocket::bytesWritten, &server, more);
+        more();
+    };
+    const Ending<QString> ending = ask();
+    ASSERT_TRUE(ending.as<OllamaError>());
+    EXPECT_EQ(ending.as<OllamaError>()->which(), OllamaError::Case::connectionFailed);
+}
+
 TEST_F(OllamaModelProviderTest, anAnswerOf16MiBIsTakenAndALargerOneIsConnectionFailed) {
     const QByteArray frame = R"({"message":{"content":""}})";
     const qsizetype most = 16 * 1024 * 1024;
@@ -229,7 +253,7 @@ TEST_F(OllamaModelProviderTest, anAnswerOf16MiBIsTakenAndALargerOneIsConnectionF
     EXPECT_EQ(ask().result.value_or(QString()).size(), most - frame.size());
     EXPECT_EQ(errorFor(200, answerOf(most + 1)), OllamaError::Case::connectionFailed);
     EXPECT_EQ(log.lines().back(),
-              QStringLiteral("data error: Ollama network error: The answer is larger than 16 MiB."));
+              QStringLiteral("data error: Ollama network error: The server's answer is too large."));
 }
 
 TEST_F(OllamaModelProviderTest, aRedirectToAnotherOriginIsNotFollowed) {

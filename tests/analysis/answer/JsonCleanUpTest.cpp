@@ -1,4 +1,4 @@
-#include "analysis/JsonCleanUp.h"
+#include "analysis/answer/JsonCleanUp.h"
 
 #include <gtest/gtest.h>
 

@@ -9,4 +9,7 @@ namespace Quillstacks {
 /// stands ahead of its first opening one ends the process.
 [[nodiscard]] QString cleanJSONResponse(const QString& answer);
 
+/// The first part of it: the answer trimmed, and without a fence and what stands outside that.
+[[nodiscard]] QString withoutFence(const QString& answer);
+
 } // namespace Quillstacks

@@ -1,4 +1,4 @@
-#include "analysis/PromptAnalysis.h"
+#include "analysis/answer/PromptAnalysis.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,4 +1,4 @@
-#include "analysis/JsonCleanUp.h"
+#include "analysis/answer/JsonCleanUp.h"
 
 #include "Graphemes.h"
 
@@ -37,11 +37,16 @@ QString withoutClosingFence(const QString& text, const QString& fence) {
 
 } // namespace
 
-QString cleanJSONResponse(const QString& answer) {
+QString withoutFence(const QString& answer) {
     const QString fence = QStringLiteral("```");
-    QString text = trimmed(answer);
-    if (Graphemes::beginsWith(text, fence))
-        text = trimmed(withoutClosingFence(trimmed(withoutOpeningFence(text, fence)), fence));
+    const QString text = trimmed(answer);
+    if (!Graphemes::beginsWith(text, fence))
+        return text;
+    return trimmed(withoutClosingFence(trimmed(withoutOpeningFence(text, fence)), fence));
+}
+
+QString cleanJSONResponse(const QString& answer) {
+    const QString text = withoutFence(answer);
     const qsizetype start = Graphemes::first(text, u"{");
     if (start < 0)
         return text;

@@ -1,7 +1,7 @@
 // The JSON that models and their servers send, read key by key.
-#include "analysis/JsonError.h"
-#include "analysis/PromptAnalysis.h"
-#include "OllamaResponse.h"
+#include "analysis/answer/JsonError.h"
+#include "analysis/answer/OllamaResponse.h"
+#include "analysis/answer/PromptAnalysis.h"
 
 #include <simdjson.h>
 

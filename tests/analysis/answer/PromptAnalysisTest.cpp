@@ -1,5 +1,5 @@
-#include "analysis/PromptAnalysis.h"
-#include "analysis/JsonError.h"
+#include "analysis/answer/PromptAnalysis.h"
+#include "analysis/answer/JsonError.h"
 
 #include <gtest/gtest.h>
 
