@@ -57,6 +57,9 @@ void StatusLine::clear() {
     symbolName.clear();
     shownText.clear();
     presence.to(0);
+    // One that had hardly begun to come has nothing to fade.
+    if (presence.value() <= 0)
+        hide();
 }
 
 void StatusLine::showProgress(qreal value) {

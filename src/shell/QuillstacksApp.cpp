@@ -13,10 +13,13 @@
 #include "shell/DataStoreError.h"
 #include "shell/DockVisibilityController.h"
 #include "shell/MainWindow.h"
+#include "shell/MainWindowFocusManager.h"
 #include "shell/MenuBarContent.h"
 #include "shell/StoreLocation.h"
 #include "shell/Termination.h"
 #include "shell/Version.h"
+#include "shell/welcome/SplashScreenManager.h"
+#include "shell/welcome/SplashScreenWindowManager.h"
 #include "upkeep/DataMigrationManager.h"
 #include "upkeep/PreferencesMigrationManager.h"
 
@@ -39,9 +42,12 @@ QuillstacksApp::QuillstacksApp() {
     MainQueue::async(this, [] { DockVisibilityController::shared().setPolicy(ActivationPolicy::accessory); });
     connectHotkey();
     makeScenes();
+    scheduleWelcome();
 }
 
 QuillstacksApp::~QuillstacksApp() {
+    SplashScreenWindowManager::shared().onShow = {};
+    SplashScreenWindowManager::shared().onDismissed = {};
     HotkeyManager::shared().unregister();
     HotkeyManager::shared().onHotkeyPressed = {};
     QuickAccessWindowManager::shared().setModelContainer(nullptr);
@@ -96,6 +102,20 @@ void QuillstacksApp::makeStatusItem() {
             QStringLiteral("No status area found: the menu is not shown; start Quillstacks again, or use its "
                            "desktop actions or the hot key, to reach it"));
     });
+}
+
+void QuillstacksApp::scheduleWelcome() {
+    SplashScreenWindowManager& welcome = SplashScreenWindowManager::shared();
+    welcome.onShow = [] {
+        DockVisibilityController::shared().setPolicy(ActivationPolicy::regular);
+        MainWindowFocusManager::shared().requestFocus();
+    };
+    welcome.onDismissed = [] {
+        const QWidget* main = MainWindow::find();
+        if (!main || !main->isVisible())
+            DockVisibilityController::shared().setPolicy(ActivationPolicy::accessory);
+    };
+    MainQueue::after(0.1, this, [] { SplashScreenManager::shared().showIfNeeded(); });
 }
 
 void QuillstacksApp::serve(SingleInstance& instance) {

@@ -45,6 +45,7 @@ private:
     void connectHotkey();
     void makeScenes();
     void makeStatusItem();
+    void scheduleWelcome();
 
     // Built in this order and taken down in the other.
     std::unique_ptr<MainWindow> window;

@@ -15,6 +15,7 @@ class Preferences(DesktopCase):
         broken = '{"appearanceMode": "light", '
         self.put(broken)
         program = self.started()
+        program.leave_welcome()
         person.call_panel(program)
         aside = [file for file in self.home.preferences.parent.iterdir() if file != self.home.preferences]
         self.assertEqual([file.read_text() for file in aside], [broken])

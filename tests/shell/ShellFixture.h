@@ -7,6 +7,7 @@
 #include "quickaccess/QuickAccessWindowManager.h"
 #include "shell/DockVisibilityController.h"
 #include "shell/MainWindowFocusManager.h"
+#include "shell/welcome/SplashScreenWindowManager.h"
 #include "support/LogCapture.h"
 #include "support/TestPreferences.h"
 
@@ -29,7 +30,11 @@ protected:
         desktop.calls.clear();
         log.clear();
     }
-    ~ShellFixture() override { QuickAccessWindowManager::shared().setModelContainer(nullptr); }
+    ~ShellFixture() override {
+        clock.advance(std::chrono::seconds(1)); // the welcome of the start may still be on its way
+        SplashScreenWindowManager::shared().tearDown();
+        QuickAccessWindowManager::shared().setModelContainer(nullptr);
+    }
 
     [[nodiscard]] QString storePath() const {
         return support.filePath(QStringLiteral("app.Quillstacks/Quillstacks.store"));

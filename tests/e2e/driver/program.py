@@ -1,16 +1,18 @@
 """The program under test, with folders of its own."""
+import json
 import os
 import signal
 import subprocess
 import tempfile
 from pathlib import Path
 
-from . import accessible, windows
+from . import accessible, keyboard, windows
 from .waiting import LIMIT, until
 
 JOURNAL = Path("/run/systemd/journal/socket")
 MAIN = "Quillstacks"
 PANEL = "quick-access"  # the window's role
+WELCOME = "splash-screen"
 
 
 class Home:
@@ -25,6 +27,16 @@ class Home:
         self.store = self.data / "app.Quillstacks" / "Quillstacks.store"
         self.preferences = self.config / "app.Quillstacks" / "preferences.json"
 
+    def skip_welcome(self):
+        """As after a first start. A file that holds no such values is left as it is."""
+        try:
+            values = json.loads(self.preferences.read_text()) if self.preferences.exists() else {}
+        except ValueError:
+            return
+        self.preferences.parent.mkdir(mode=0o700, exist_ok=True)
+        self.preferences.touch(mode=0o600)
+        self.preferences.write_text(json.dumps({**values, "hasShownSplashScreen": True}))
+
     def environment(self):
         return {"HOME": str(self.folder), "XDG_DATA_HOME": str(self.data), "XDG_CONFIG_HOME": str(self.config),
                 "XDG_CACHE_HOME": str(self.folder / "cache"), "XDG_STATE_HOME": str(self.folder / "state")}
@@ -33,7 +45,9 @@ class Home:
 class Program:
     """One process. Without a session bus it is out of the assistive tools' reach, but not of keys and windows."""
 
-    def __init__(self, path, home, session_bus=True, wrapper=()):
+    def __init__(self, path, home, session_bus=True, wrapper=(), welcome=False):
+        if not welcome:
+            home.skip_welcome()
         environment = {**os.environ, **home.environment()}
         if not session_bus:
             environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={home.folder}/no-bus"
@@ -69,6 +83,17 @@ class Program:
 
     def main_window(self, limit=None):
         return windows.wait_for(MAIN, self.pid, limit=limit or 2 * LIMIT)
+
+    def wait_for_welcome(self):
+        """The welcome once it is there and has the keyboard."""
+        welcome = windows.wait_for(pid=self.pid, role=WELCOME)
+        until(lambda: welcome.has_keyboard, "the welcome to have the keyboard")
+        return welcome
+
+    def leave_welcome(self):
+        self.wait_for_welcome()
+        keyboard.press("Return")
+        windows.wait_gone(pid=self.pid, role=WELCOME)
 
     @property
     def panel(self):
