@@ -8,6 +8,7 @@
 #include "interface/Theme.h"
 #include "platform/Accessibility.h"
 
+#include <QGridLayout>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -26,14 +27,12 @@ Label* centred(const QString& text, TextStyle style, ColorRole role) {
     return label;
 }
 
-QLayout* makeStep(int number, const QString& text) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(8);
-    row->addWidget(new Label(QStringLiteral("%1.").arg(number), TextStyle::caption), 0, Qt::AlignTop);
+void addStep(QGridLayout* steps, const QString& text) {
+    const int row = steps->count() / 2;
+    steps->addWidget(new Label(QStringLiteral("%1.").arg(row + 1), TextStyle::caption), row, 0, Qt::AlignTop);
     auto* label = new Label(text, TextStyle::caption);
     label->setMaximumLines(0);
-    row->addWidget(label, 1);
-    return row;
+    steps->addWidget(label, row, 1);
 }
 
 QWidget* makeSteps() {
@@ -49,10 +48,13 @@ QWidget* makeSteps() {
     lines->setContentsMargins(16, 16, 16, 16);
     lines->setSpacing(8);
     lines->addWidget(new Label(QStringLiteral("To enable:"), TextStyle::headline));
-    int number = 0;
+    auto* steps = new QGridLayout;
+    steps->setSpacing(8);
+    steps->setColumnStretch(1, 1);
     for (const char* text : {"Click \"Open System Settings\" below", "Find Quillstacks in the list",
                              "Toggle the switch to enable", "Return here and click \"Check Again\""})
-        lines->addLayout(makeStep(++number, QString::fromLatin1(text)));
+        addStep(steps, QString::fromLatin1(text));
+    lines->addLayout(steps);
     return card;
 }
 

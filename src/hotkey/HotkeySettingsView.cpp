@@ -23,6 +23,11 @@ namespace Quillstacks {
 
 namespace {
 
+/// Of a small button without an edge: its text, not the ground that shows under the mouse, lines up with others.
+constexpr int groundBesideText = 11;
+constexpr int noticeSymbol = 16;
+constexpr int noticeGap = 8;
+
 quint64 storedModifiers() {
     const qint64 value = globalHotkeyModifiersPreference().value();
     if (value < 0)
@@ -94,19 +99,24 @@ void HotkeySettingsView::build() {
 
 QWidget* HotkeySettingsView::makePermissionNotice() {
     auto* notice = new Card(Card::tinted(ColorRole::blue, 0.1, 0, 6));
-    auto* row = new QHBoxLayout(notice);
-    row->setContentsMargins(8, 8, 8, 8);
-    row->setSpacing(8);
-    row->addWidget(new SymbolImage(QStringLiteral("info.circle.fill"), 16, ColorRole::blue), 0, Qt::AlignTop);
-    auto* column = new QVBoxLayout;
-    column->setSpacing(4);
-    column->addWidget(
-        paragraph(QStringLiteral("Accessibility permission required for global shortcuts"), ColorRole::blue));
+    auto* text = new QHBoxLayout;
+    text->setSpacing(noticeGap);
+    text->addWidget(new SymbolImage(QStringLiteral("info.circle.fill"), noticeSymbol, ColorRole::blue), 0,
+                    Qt::AlignTop);
+    text->addWidget(
+        paragraph(QStringLiteral("Accessibility permission required for global shortcuts"), ColorRole::blue), 1);
     auto* grant = new Button(QStringLiteral("Grant Permission"), Button::Kind::borderless);
     grant->setSize(Button::Size::small);
     connect(grant, &QAbstractButton::clicked, this, &HotkeySettingsView::presentPermissions);
-    column->addWidget(grant, 0, Qt::AlignLeft);
-    row->addLayout(column, 1);
+    // In line with the text above, whose symbol stands beside it.
+    auto* beneath = new QHBoxLayout;
+    beneath->setContentsMargins(noticeSymbol + noticeGap - groundBesideText, 0, 0, 0);
+    beneath->addWidget(grant, 0, Qt::AlignLeft);
+    auto* column = new QVBoxLayout(notice);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->setSpacing(4);
+    column->addLayout(text);
+    column->addLayout(beneath);
     return notice;
 }
 
