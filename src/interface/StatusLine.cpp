@@ -42,6 +42,7 @@ void StatusLine::say(const QString& symbol, const QString& text, ColorRole role)
     shownText = text;
     delete image;
     image = new SymbolImage(symbol, symbolSize, role, this);
+    image->setFixedHeight(std::max(symbolSize, label->lineHeight())); // in the middle of the first line
     auto* row = static_cast<QHBoxLayout*>(layout());
     row->insertWidget(0, image, 0, Qt::AlignTop);
     label->setText(text);

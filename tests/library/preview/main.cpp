@@ -57,6 +57,9 @@ public:
         view.setSearchText(QStringLiteral("no hits at all"));
         take("search-without-hits");
         view.setSearchText(QString());
+        view.presentHelp();
+        take("help");
+        Sheet::top(&view)->dismiss();
         list.moveSelection(99);
         for (int i = 0; i < 20; ++i)
             list.moveSelection(1);
