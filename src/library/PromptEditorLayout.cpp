@@ -1,4 +1,7 @@
 // How the prompt editor is put together.
+#include "analysis/AnalysisPreferences.h"
+#include "analysis/LexiwellPanel.h"
+#include "analysis/PromptAnalysisManager.h"
 #include "foundation/Text.h"
 #include "interface/Button.h"
 #include "interface/Composition.h"
@@ -75,6 +78,8 @@ QWidget* PromptEditorView::buildPanels() {
     variablesPreview = new VariablesPreviewView(this);
     panels = new PromptPanelColumn(this);
     panels->setVariablesPanel(variablesPreview);
+    analysisManager = new PromptAnalysisManager(this);
+    placeLexiwell(); // before the footer's buttons, in the order of the Tab key too
     return panels;
 }
 
@@ -121,6 +126,7 @@ void PromptEditorView::connectParts() {
     connect(bodyEditor, &PromptTextEditor::textChanged, this, &PromptEditorView::refreshControls);
     connect(variablesPreview, &VariablesPreviewView::collapsedChanged, panels,
             &PromptPanelColumn::setVariablesCollapsed);
+    lexiwellEnabledPreference().observe(this, [this] { placeLexiwell(); });
     connect(copyButton, &QAbstractButton::clicked, this, &PromptEditorView::copyPrompt);
     connect(historyButton, &QAbstractButton::clicked, this, &PromptEditorView::showVersionHistory);
     connect(&modelContext, &ModelContext::changed, this, &PromptEditorView::refreshHistoryButton);
@@ -144,6 +150,8 @@ void PromptEditorView::refreshControls() {
     saveButton->setEnabled(savable);
     saveKey->setEnabled(savable);
     variablesPreview->setText(body);
+    if (lexiwell)
+        lexiwell->setPromptEmpty(!hasBody);
 }
 
 void PromptEditorView::refreshHistoryButton() {

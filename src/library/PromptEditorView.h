@@ -1,13 +1,17 @@
 #pragma once
 
+#include "analysis/answer/PromptAnalysis.h"
 #include "interface/Sheet.h"
 #include "library/model/LiveQuery.h"
+
+#include <QCoroTask>
 
 #include <QPointer>
 #include <QSet>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QShortcut;
 
@@ -15,6 +19,8 @@ namespace Quillstacks {
 
 class Button;
 class Composition;
+class LexiwellPanel;
+class PromptAnalysisManager;
 class PromptPanelColumn;
 class PromptTextEditor;
 class TagSelectorView;
@@ -40,10 +46,15 @@ public:
     [[nodiscard]] bool isShowingVersionHistory() const { return showingVersionHistory; }
     [[nodiscard]] bool showVariableSubstitution() const { return showingVariableSubstitution; }
     [[nodiscard]] bool isVariablesCollapsed() const;
+    [[nodiscard]] bool isLexiwellCollapsed() const { return lexiwellCollapsed; }
+    /// The last one in this sheet; never stored.
+    [[nodiscard]] const std::optional<PromptAnalysis>& promptAnalysis() const { return lastAnalysis; }
+    [[nodiscard]] const std::optional<QString>& analysisErrorMessage() const { return lastAnalysisError; }
     void setTitle(const QString& title);
     void setEditorBody(const QString& body);
     void setSelectedTags(const QSet<Tag*>& tags);
     void setVariablesCollapsed(bool collapsed);
+    void setLexiwellCollapsed(bool collapsed);
 
     // Derived
     [[nodiscard]] bool canSave() const;
@@ -64,6 +75,8 @@ public:
     void deletePrompt();
     void cancelDeletion();
     void cancel();
+    /// Has the body rated as it stands, saved or not. The sheet may close meanwhile: then the answer is dropped.
+    void analyzePrompt();
 
     /// How the sheet is to be presented, for a new prompt (nullptr) or an existing one.
     [[nodiscard]] static Sheet::Options sheetOptions(const Prompt* prompt);
@@ -90,6 +103,10 @@ private:
     void saveNew(const QString& trimmedTitle, const QString& trimmedBody);
     void saveContext(const QString& operation, const QString& success);
     void putOnClipboard(const QString& text);
+    /// Has the analysis panel there or not, as the preference says.
+    void placeLexiwell();
+    QCoro::Task<> runAnalysis(QString text);
+    void showAnalysis(const std::optional<PromptAnalysis>& analysis, const std::optional<QString>& error);
 
     ModelContext& modelContext;
     Prompt* initialPrompt;
@@ -100,6 +117,10 @@ private:
     bool showingDeleteAlert = false;
     bool showingVersionHistory = false;
     bool showingVariableSubstitution = false;
+    std::optional<PromptAnalysis> lastAnalysis;
+    std::optional<QString> lastAnalysisError;
+    bool lexiwellCollapsed = false;
+    PromptAnalysisManager* analysisManager = nullptr;
 
     TextField* titleField = nullptr;
     Composition* titleComposition = nullptr;
@@ -108,6 +129,7 @@ private:
     TagSelectorView* tagSelector = nullptr;
     PromptTextEditor* bodyEditor = nullptr;
     VariablesPreviewView* variablesPreview = nullptr;
+    LexiwellPanel* lexiwell = nullptr; ///< none while it is switched off
     PromptPanelColumn* panels = nullptr;
     Button* deleteButton = nullptr;
     Button* cancelButton = nullptr;

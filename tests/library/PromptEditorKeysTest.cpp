@@ -92,7 +92,7 @@ TEST_F(PromptEditor, theTabKeyFollowsTheReadingOrder) {
     const PromptEditorView& view = present(prompt);
     titleField(view).setFocus();
     QStringList names;
-    for (int stop = 0; stop < 9; ++stop) {
+    for (int stop = 0; stop < 12; ++stop) {
         QWidget* focus = QApplication::focusWidget();
         ASSERT_TRUE(focus);
         names += focus->accessibleName();
@@ -103,6 +103,7 @@ TEST_F(PromptEditor, theTabKeyFollowsTheReadingOrder) {
     EXPECT_EQ(names,
               (QStringList{QStringLiteral("Title"), QStringLiteral("Copy"), QStringLiteral("History"),
                            QStringLiteral("Work"), QStringLiteral("Prompt text"), QStringLiteral("Collapse Variables"),
+                           QStringLiteral("Lexiwell"), QStringLiteral("Analyze"), QStringLiteral("Collapse Lexiwell"),
                            QStringLiteral("Delete"), QStringLiteral("Cancel"), QStringLiteral("Save")}));
     EXPECT_TRUE(titleField(view).hasFocus());
 }

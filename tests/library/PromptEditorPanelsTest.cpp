@@ -1,3 +1,4 @@
+#include "analysis/AnalysisPreferences.h"
 #include "interface/IconButton.h"
 #include "PromptEditorFixture.h"
 #include "PromptPanelColumn.h"
@@ -35,7 +36,8 @@ TEST_F(PromptEditor, theVariablesPanelIsThereWhateverSubstitutionSays) {
     EXPECT_TRUE(preview(present()).isVisible());
 }
 
-TEST_F(PromptEditor, theVariablesPanelFillsTheColumnAndFoldsToItsHeader) {
+TEST_F(PromptEditor, withoutTheAnalysisTheVariablesPanelFillsTheColumnAndFoldsToItsHeader) {
+    lexiwellEnabledPreference().set(false);
     PromptEditorView& view = present();
     const auto* column = view.findChild<PromptPanelColumn*>();
     const QWidget* frame = preview(view).parentWidget();

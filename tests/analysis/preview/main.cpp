@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QTest>
 
 using namespace Quillstacks;
