@@ -1,5 +1,6 @@
 #include "AdvancedSettingsTab.h"
 
+#include "analysis/ModelProviderSettingsView.h"
 #include "backup/DataExportImportView.h"
 #include "DebugLogsSettingsView.h"
 #include "library/restore/RestoreQuillstacksView.h"
@@ -13,6 +14,7 @@ AdvancedSettingsTab::AdvancedSettingsTab(ModelContext& context, DataExportImport
     setObjectName(QStringLiteral("AdvancedSettingsTab"));
     auto* logs = new DebugLogsSettingsView;
     connect(logs, &DebugLogsSettingsView::logExportHelpRequested, this, &AdvancedSettingsTab::logExportHelpRequested);
+    addCard({new ModelProviderSettingsView});
     addCard({new VersionHistorySettingsView});
     addCard({new DataExportImportView(context, dataExportImportSettings), new RestoreQuillstacksView(context), logs});
 }
