@@ -1,5 +1,6 @@
 #include "GeneralSettingsTab.h"
 
+#include "analysis/LexiwellSettingsView.h"
 #include "AppearanceSettingsView.h"
 #include "hotkey/HotkeySettingsView.h"
 
@@ -8,6 +9,7 @@ namespace Quillstacks {
 GeneralSettingsTab::GeneralSettingsTab(QWidget* parent) : SettingsColumn(parent) {
     setObjectName(QStringLiteral("GeneralSettingsTab"));
     addRow({new HotkeySettingsView, new AppearanceSettingsView});
+    addCard({new LexiwellSettingsView});
 }
 
 } // namespace Quillstacks
