@@ -30,10 +30,7 @@ void stack(QWidget* banner) {
 } // namespace
 
 PermissionBannerModifier::PermissionBannerModifier(QWidget* shownOver, PermissionManager& manager)
-    : QObject(shownOver), window(shownOver), banner(new PermissionBannerView(manager, shownOver)),
-      fading(new QGraphicsOpacityEffect(banner)) {
-    banner->hide();
-    banner->setGraphicsEffect(fading);
+    : QObject(shownOver), window(shownOver), permissionManager(manager) {
     shownOver->installEventFilter(this);
     connect(&animation, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& now) { showPosition(now.toReal()); });
@@ -43,7 +40,16 @@ PermissionBannerModifier::PermissionBannerModifier(QWidget* shownOver, Permissio
         animate(true, Springs::banner);
 }
 
+void PermissionBannerModifier::makeBanner() {
+    banner = new PermissionBannerView(permissionManager, window);
+    banner->hide();
+    fading = new QGraphicsOpacityEffect(banner);
+    banner->setGraphicsEffect(fading);
+}
+
 void PermissionBannerModifier::animate(bool isShown, const Spring& spring) {
+    if (!banner)
+        makeBanner();
     const bool reduced = Theme::shared().reducedMotion();
     animation.stop();
     animation.setStartValue(position);
@@ -79,7 +85,7 @@ void PermissionBannerModifier::place() {
 }
 
 bool PermissionBannerModifier::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == window && event->type() == QEvent::Resize)
+    if (watched == window && event->type() == QEvent::Resize && banner)
         place();
     return false;
 }

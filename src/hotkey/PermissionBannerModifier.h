@@ -20,6 +20,7 @@ public:
     /// The window owns it.
     PermissionBannerModifier(QWidget* window, PermissionManager& manager);
 
+    /// nullptr until it is shown for the first time, which most programs never see.
     [[nodiscard]] PermissionBannerView* view() const { return banner; }
     [[nodiscard]] const QVariantAnimation& movement() const { return animation; }
 
@@ -27,13 +28,15 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void makeBanner();
     void animate(bool isShown, const Spring& spring);
     void showPosition(qreal now);
     void place();
 
     QWidget* window;
-    PermissionBannerView* banner;
-    QGraphicsOpacityEffect* fading;
+    PermissionManager& permissionManager;
+    PermissionBannerView* banner = nullptr;
+    QGraphicsOpacityEffect* fading = nullptr;
     QVariantAnimation animation; ///< 0 out of sight, 1 in place
     qreal position = 0;
 };

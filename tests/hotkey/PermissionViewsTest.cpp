@@ -117,7 +117,7 @@ TEST_F(PermissionBanner, staysBeneathASheetThatIsOpenAlready) {
 TEST_F(PermissionBanner, withThePermissionThereIsNone) {
     desktop.trusted = true;
     launch();
-    EXPECT_FALSE(modifier->view()->isVisible());
+    EXPECT_FALSE(modifier->view());
 }
 
 class PermissionSheet : public HotkeySettingsFixture {

@@ -2,6 +2,8 @@
 
 #include "EventLoop.h"
 #include "hotkey/HotkeyManager.h"
+#include "hotkey/PermissionBannerView.h"
+#include "hotkey/PermissionManager.h"
 #include "interface/Sheet.h"
 #include "library/model/ModelContext.h"
 #include "library/model/Prompt.h"
@@ -188,6 +190,29 @@ TEST_F(Launch, withoutTrustTheHotkeyIsSkippedAndTheStartGoesOn) {
     turn();
     EXPECT_TRUE(desktop.hotKeys.empty());
     EXPECT_TRUE(app.mainWindow().isVisible());
+}
+
+TEST_F(Launch, thePermissionIsLookedAtOneSecondAfterTheStartAndMissingBringsTheBanner) {
+    desktop.trusted = false;
+    QuillstacksApp app;
+    turn();
+    EXPECT_FALSE(app.mainWindow().findChild<PermissionBannerView*>());
+    clock.advance(1s);
+    const auto* banner = app.mainWindow().findChild<PermissionBannerView*>();
+    ASSERT_TRUE(banner);
+    EXPECT_TRUE(banner->isVisible());
+}
+
+TEST_F(Launch, theWindowsAppearanceAfterTheFirstDoesNotRepeatThePermissionCheck) {
+    QuillstacksApp app;
+    turn();
+    clock.advance(1s);
+    desktop.trusted = false;
+    app.mainWindow().close();
+    app.reopen();
+    clock.advance(2s);
+    EXPECT_FALSE(PermissionManager::shared().showPermissionAlert());
+    EXPECT_FALSE(app.mainWindow().findChild<PermissionBannerView*>());
 }
 
 TEST_F(Launch, theStatusItemShowsTheMenu) {
