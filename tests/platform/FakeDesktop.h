@@ -4,6 +4,7 @@
 #include "platform/FileDialogs.h"
 #include "platform/HotKeys.h"
 #include "platform/LanguageModel.h"
+#include "platform/Updates.h"
 
 #include <QIcon>
 #include <QPoint>
@@ -116,6 +117,13 @@ struct FakeDesktop final {
     // AppService
     bool loginItem = false;      ///< whether the program starts after login
     bool loginItemFails = false; ///< changes of it then throw a FileError
+
+    // Updates
+    QString updateKeeper; ///< who else keeps the installation up to date
+    /// What the server answers to a request for its address, or throws; empty: no answer in this test's time.
+    std::function<QByteArray(const QUrl&)> fetchAnswer;
+    /// The path that a download ends at, or throws; empty: it doesn't end.
+    std::function<QString(const Updates::SignedFile&)> downloadAnswer;
 
     // LanguageModel
     /// One call of respond().
