@@ -11,6 +11,7 @@
 #include "shell/MainWindow.h"
 #include "shell/MainWindowFocusManager.h"
 #include "shell/Termination.h"
+#include "upkeep/SparkleUpdaterManager.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -33,9 +34,12 @@ QWidget* anyOpenWindow() {
 } // namespace
 
 MenuBarContent::MenuBarContent(std::function<void()> opensWindow, QObject* parent)
-    : QObject(parent), openWindow(std::move(opensWindow)), items(std::make_unique<QMenu>()) {
+    : QObject(parent), openWindow(std::move(opensWindow)), updaterManager(SparkleUpdaterManager::shared()),
+      items(std::make_unique<QMenu>()) {
     build();
     updateShortcut();
+    followUpdater();
+    connect(&updaterManager, &SparkleUpdaterManager::changed, this, &MenuBarContent::followUpdater);
     globalHotkeyModifiersPreference().observe(this, [this] { updateShortcut(); });
     globalHotkeyKeyCodePreference().observe(this, [this] { updateShortcut(); });
 }
@@ -64,12 +68,21 @@ void MenuBarContent::build() {
     const QAction* open = items->addAction(QStringLiteral("Open Quillstacks"));
     connect(open, &QAction::triggered, this, &MenuBarContent::openQuillstacks);
     items->addSeparator();
+    checkForUpdates = items->addAction(QString());
+    connect(checkForUpdates, &QAction::triggered, this, [this] { updaterManager.checkForUpdates(); });
+    items->addSeparator();
     const QAction* quitItem = items->addAction(QStringLiteral("Quit Quillstacks"));
     connect(quitItem, &QAction::triggered, this, &quit);
 }
 
 void MenuBarContent::updateShortcut() {
     quickAccess->setText(QStringLiteral("Quick Access (%1)").arg(shortcutText()));
+}
+
+void MenuBarContent::followUpdater() {
+    const QString title = QStringLiteral("Check for Updates");
+    checkForUpdates->setText(updaterManager.updateAvailable() ? title + QStringLiteral(" (Available!)") : title);
+    checkForUpdates->setEnabled(!updaterManager.isCheckingForUpdates() && !updaterManager.updateInProgress());
 }
 
 void MenuBarContent::openQuillstacks() {

@@ -11,6 +11,8 @@ class QMenu;
 
 namespace Quillstacks {
 
+class SparkleUpdaterManager;
+
 /// The menu of the status item.
 class MenuBarContent final : public QObject {
     Q_OBJECT
@@ -32,9 +34,12 @@ public:
 private:
     void build();
     void updateShortcut();
+    void followUpdater();
 
+    SparkleUpdaterManager& updaterManager;
     std::unique_ptr<QMenu> items;
     QAction* quickAccess = nullptr;
+    QAction* checkForUpdates = nullptr;
 };
 
 } // namespace Quillstacks

@@ -22,6 +22,7 @@
 #include "shell/welcome/SplashScreenWindowManager.h"
 #include "upkeep/DataMigrationManager.h"
 #include "upkeep/PreferencesMigrationManager.h"
+#include "upkeep/SparkleUpdaterManager.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -46,6 +47,7 @@ QuillstacksApp::QuillstacksApp() {
 }
 
 QuillstacksApp::~QuillstacksApp() {
+    SparkleUpdaterManager::shared().updaterController.userDriver().window = {};
     SplashScreenWindowManager::shared().onShow = {};
     SplashScreenWindowManager::shared().onDismissed = {};
     HotkeyManager::shared().unregister();
@@ -84,6 +86,11 @@ void QuillstacksApp::connectHotkey() {
 void QuillstacksApp::makeScenes() {
     window = std::make_unique<MainWindow>(MainWindow::Store{sharedModelContainer.get(), containerError});
     menu = std::make_unique<MenuBarContent>([this] { window->open(); });
+    SparkleUpdaterManager::shared().updaterController.userDriver().window = [this](bool bringForward) -> QWidget* {
+        if (bringForward)
+            window->open();
+        return window->isVisible() ? window.get() : nullptr;
+    };
     MainQueue::async(this, [this] { window->open(); });
     // After the window, which somebody is waiting for.
     MainQueue::async(this, [this] {

@@ -6,7 +6,7 @@ from driver.desktop_case import DesktopCase
 from driver.program import MAIN
 from driver.waiting import until
 
-MENU = ["Quick Access (⇧⌘Space)", None, "Open Quillstacks", None, "Quit Quillstacks"]
+MENU = ["Quick Access (⇧⌘Space)", None, "Open Quillstacks", None, "Check for Updates", None, "Quit Quillstacks"]
 
 
 class StatusAreaIcon(DesktopCase):

@@ -2,6 +2,7 @@
 
 #include "EventLoop.h"
 #include "ShellFixture.h"
+#include "upkeep/SparkleUpdaterManager.h"
 
 #include <QMenu>
 
@@ -28,9 +29,10 @@ protected:
 };
 
 TEST_F(MenuBar, theEntriesFromTopToBottom) {
-    EXPECT_EQ(texts(), (QStringList{QStringLiteral("Quick Access (⇧⌘Space)"), QStringLiteral("-"),
-                                    QStringLiteral("Open Quillstacks"), QStringLiteral("-"),
-                                    QStringLiteral("Quit Quillstacks")}));
+    EXPECT_EQ(texts(),
+              (QStringList{QStringLiteral("Quick Access (⇧⌘Space)"), QStringLiteral("-"),
+                           QStringLiteral("Open Quillstacks"), QStringLiteral("-"), QStringLiteral("Check for Updates"),
+                           QStringLiteral("-"), QStringLiteral("Quit Quillstacks")}));
 }
 
 TEST_F(MenuBar, aChangedShortcutShowsInTheFirstItemAtOnce) {
@@ -112,7 +114,29 @@ TEST_F(MenuBar, oddity_openingAsksForTheFocusBeforeAndAfterTheWindowOpens) {
 }
 
 TEST_F(MenuBar, quitEndsTheProgram) {
-    EXPECT_EQ(runUntilExit([this] { choose(4); }), 0);
+    EXPECT_EQ(runUntilExit([this] { choose(6); }), 0);
+}
+
+TEST_F(MenuBar, whileACheckForUpdatesRunsItsEntryIsGreyedOut) {
+    SparkleUpdaterManager& updates = SparkleUpdaterManager::shared();
+    const QAction* entry = content.menu()->actions().at(4);
+    EXPECT_TRUE(entry->isEnabled());
+    choose(4);
+    EXPECT_TRUE(updates.isCheckingForUpdates());
+    EXPECT_FALSE(entry->isEnabled());
+    updates.updaterDidNotFindUpdate();
+    EXPECT_TRUE(entry->isEnabled());
+    updates.setUpdateInProgress(true);
+    EXPECT_FALSE(entry->isEnabled());
+    updates.setUpdateInProgress(false);
+    EXPECT_TRUE(entry->isEnabled());
+}
+
+TEST_F(MenuBar, withAnUpdateWaitingItsEntrySaysSo) {
+    SparkleUpdaterManager::shared().setUpdateAvailable(true);
+    EXPECT_EQ(texts().at(4), QStringLiteral("Check for Updates (Available!)"));
+    SparkleUpdaterManager::shared().setUpdateAvailable(false);
+    EXPECT_EQ(texts().at(4), QStringLiteral("Check for Updates"));
 }
 
 TEST_F(MenuBar, theIconIsThereInTheSizesOfStatusAreas) {

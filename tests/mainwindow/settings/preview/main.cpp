@@ -9,12 +9,16 @@
 #include "library/model/ModelContainer.h"
 #include "library/model/ModelContext.h"
 #include "mainwindow/settings/SettingsView.h"
+#include "upkeep/LaunchAtLoginSettingsView.h"
+#include "upkeep/SparkleUpdaterManager.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <tuple>
 
 using namespace Quillstacks;
 
@@ -41,11 +45,35 @@ void takeBackup(QWidget& window, SettingsView& settings, ModelContext& library, 
     const QString path = QStringLiteral(SAMPLE_LIBRARY);
     for (const QString& file : {path, path + QStringLiteral(".missing")}) {
         backup->importData(file, library);
-        QTest::qWaitFor([&] { return backup->showingImportAlert(); });
+        std::ignore = QTest::qWaitFor([&] { return backup->showingImportAlert(); });
         take(window, folder + (file == path ? QStringLiteral("/backup-alert.png")
                                             : QStringLiteral("/backup-alert-failed.png")));
         Button::pressDefault(Sheet::top(&window)->content());
     }
+}
+
+/// Updates and login, with all that they can show.
+void takeUpkeep(QWidget& window, SettingsView& settings, const QString& folder) {
+    QScrollBar* bar = settings.findChild<ScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    auto* login = settings.findChild<LaunchAtLoginSettingsView*>();
+    login->setLaunchAtLogin(true);
+    SparkleUpdaterManager::shared().setUpdateAvailable(true);
+    take(window, folder + QStringLiteral("/settings-general-end.png"));
+    SparkleUpdaterManager::shared().setUpdateAvailable(false);
+    SparkleUpdaterManager::shared().checkForUpdates();
+    window.grab().save(folder + QStringLiteral("/settings-general-checking.png")); // it is over on the next turn
+    SparkleUpdaterManager::shared().updaterDidNotFindUpdate();
+    SparkleUpdaterManager::shared().updaterController.userDriver().window = [&window](bool) { return &window; };
+    SparkleUpdaterManager::shared().checkForUpdates();
+    take(window, folder + QStringLiteral("/update-alert.png"));
+    Button::pressDefault(Sheet::top(&window)->content());
+    // No folder can be made in a device.
+    qputenv("XDG_CONFIG_HOME", "/dev/null");
+    login->setLaunchAtLogin(false);
+    QTest::qWait(settleTime);
+    login->setLaunchAtLogin(true);
+    take(window, folder + QStringLiteral("/settings-login-failed.png"));
 }
 
 void takeAll(QWidget& window, ModelContext& library, const QString& folder) {
@@ -53,6 +81,7 @@ void takeAll(QWidget& window, ModelContext& library, const QString& folder) {
     SettingsView* settings = content.get();
     Sheet::present(&window, std::move(content), SettingsView::sheetOptions());
     take(window, folder + QStringLiteral("/settings-general.png"));
+    takeUpkeep(window, *settings, folder);
     settings->selectTab(SettingsTab::advanced);
     take(window, folder + QStringLiteral("/settings-advanced.png"));
     QScrollBar* scrollBar = settings->findChild<ScrollArea*>()->verticalScrollBar();
