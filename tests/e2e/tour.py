@@ -1,8 +1,10 @@
-"""The tour: two prompts written, one of them called up from another program, filled in, and read from the clipboard.
+"""The tour: two prompts written, one of them rated by a model, the other called up from another program, filled in, and
+read from the clipboard.
 
 tour.py FOLDER: the program is in QUILLSTACKS_PROGRAM; a picture of each step goes into the folder. Ends with 1 when a step
 fails, and says which.
 """
+import json
 import os
 import sys
 import tempfile
@@ -10,6 +12,7 @@ import traceback
 from pathlib import Path
 
 from driver import clipboard, keyboard, person, windows
+from driver.ollama import Ollama
 from driver.other_program import OtherProgram
 from driver.program import Home, Program
 from driver.waiting import until
@@ -27,6 +30,9 @@ class Tour:
         for old in self._folder.glob("*.png"):
             old.unlink()
         self._home = Home(tempfile.mkdtemp(prefix="tour-", dir=os.environ["HOME"]))
+        self._ollama = Ollama()
+        self._home.preferences.parent.mkdir(mode=0o700)
+        self._home.preferences.write_text(json.dumps(self._ollama.preferences()))
         self._count = 0
         self._step = "start the program"
         self._program = None
@@ -68,6 +74,10 @@ class Tour:
         editor.click()
         keyboard.type_text(SECOND[1])
         until(lambda: editor.text == SECOND[1], "the body to hold what was typed")
+        self._done()
+        self._begin("have it rated by a model")
+        ui.find("Analyze", "push button").click()
+        ui.find("Quality Score", "label")
         self._done()
         self._begin("two prompts in the list")
         ui.find("Create", "push button").click()
@@ -125,7 +135,7 @@ class Tour:
             return 1
         finally:
             print(f"\nPictures: {self._folder}", flush=True)
-            for started in (self._program, self._other):
+            for started in (self._program, self._other, self._ollama):
                 if started:
                     started.end()
 
