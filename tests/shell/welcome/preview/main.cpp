@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QPainter>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
