@@ -6,7 +6,7 @@
 #include "shell/welcome/SplashScreenView.h"
 #include "shell/welcome/SplashScreenWindow.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPropertyAnimation>
 
 namespace Quillstacks {
@@ -77,6 +77,15 @@ void SplashScreenWindowManager::fadeIn() {
     // The main window was brought to the front in this turn as well; the welcome is what is to be seen first.
     Windows::showAndActivate(window, 0);
     fade(1, fadeInTime, easeOut());
+    connect(fading, &QAbstractAnimation::finished, this, &SplashScreenWindowManager::keepKeyboard);
+}
+
+void SplashScreenWindowManager::keepKeyboard() {
+    // A window manager may pass over a request for a window that it had not mapped yet, and leave the keyboard to the
+    // main window, which asked in the same turn. What another program has stays with it.
+    QWidget* active = QApplication::activeWindow();
+    if (active && active != window && window && window->isVisible())
+        Windows::showAndActivate(window, 0);
 }
 
 void SplashScreenWindowManager::fade(qreal opacity, int milliseconds, const QEasingCurve& easing) {

@@ -45,6 +45,7 @@ private:
     void create(std::function<void()> onOpenApp);
     void fade(qreal opacity, int milliseconds, const QEasingCurve& easing);
     void fadeIn();
+    void keepKeyboard();
     void windowClosed();
     void scheduleDismissed();
 

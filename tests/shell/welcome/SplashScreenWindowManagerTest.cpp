@@ -85,6 +85,17 @@ TEST_F(WelcomeWindow, fadesInOnTheNextTurnAndStandsInFrontOfTheMainWindow) {
     EXPECT_TRUE(QTest::qWaitFor([] { return window()->windowOpacity() >= 1; }));
 }
 
+TEST_F(WelcomeWindow, aKeyboardThatStayedWithTheMainWindowIsTakenOnceItHasComeIn) {
+    QWidget main;
+    main.show();
+    welcome().show({});
+    turn();
+    main.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+    EXPECT_TRUE(QTest::qWaitFor([] { return window()->windowOpacity() >= 1 && window()->isActiveWindow(); }));
+    EXPECT_EQ(desktop.callsOf(QStringLiteral("showAndActivate splash-screen")).size(), 2);
+}
+
 TEST_F(WelcomeWindow, aDismissalFadesItOutAndCloses) {
     open();
     ASSERT_TRUE(QTest::qWaitFor([] { return window()->windowOpacity() >= 1; }));
