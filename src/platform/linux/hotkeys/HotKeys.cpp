@@ -48,14 +48,17 @@ void deliver(HotKeyRef hotKey, quint32 time) {
 // Each is made at the first need; nullptr where the user's session is not of its kind.
 
 PortalHotKeys* portalBackEnd() {
-    QPointer<PortalHotKeys>& instance = registry().portal;
-    if (!instance && (instance = PortalHotKeys::shared()))
-        QObject::connect(instance, &PortalHotKeys::pressed, instance,
+    auto* portal = PortalHotKeys::shared();
+    QPointer<PortalHotKeys>& known = registry().portal;
+    if (portal && !known) {
+        known = portal;
+        QObject::connect(portal, &PortalHotKeys::pressed, portal,
                          [](HotKeyRef hotKey, quint32 time, const QString& activationToken) {
                              StartupToken::useForNextActivation(activationToken);
                              deliver(hotKey, time);
                          });
-    return instance;
+    }
+    return portal;
 }
 
 X11HotKeys* x11BackEnd() {

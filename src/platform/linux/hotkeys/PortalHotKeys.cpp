@@ -46,7 +46,9 @@ void callThen(const QDBusConnection& bus, const QDBusMessage& message, QObject* 
 
 PortalHotKeys* PortalHotKeys::shared() {
     static QPointer<PortalHotKeys> instance;
-    if (!instance && QCoreApplication::instance() && Session::isWayland())
+    if (!Session::isWayland())
+        return nullptr;
+    if (!instance && QCoreApplication::instance())
         instance = new PortalHotKeys(QCoreApplication::instance());
     return instance;
 }
