@@ -11,6 +11,7 @@
 #include "platform/FakeDesktop.h"
 #include "support/TestPreferences.h"
 
+#include <QScrollArea>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -40,7 +41,11 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(window.windowHandle(), key, modifiers);
     }
-    void click(const QWidget* widget) {
+    /// Scrolls there first, where it lies further down.
+    void click(QWidget* widget) {
+        for (QWidget* over = widget->parentWidget(); over; over = over->parentWidget())
+            if (auto* area = qobject_cast<QScrollArea*>(over))
+                area->ensureWidgetVisible(widget);
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget->mapTo(&window, widget->rect().center()));
     }
     /// The control with this name that can be seen in the window; nullptr for none.

@@ -124,9 +124,10 @@ TEST_F(SettingsWindow, cardsStandTwentyFourApart) {
     open();
     settings->selectTab(SettingsTab::advanced);
     QCoreApplication::processEvents();
-    const auto cards = settings->findChildren<Card*>();
-    ASSERT_EQ(cards.size(), 2);
-    EXPECT_EQ(place(cards[1]).top() - place(cards[0]).bottom() - 1, 24);
+    const auto cards = part("AdvancedSettingsTab")->findChildren<Card*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_EQ(cards.size(), 3);
+    for (qsizetype i = 1; i < cards.size(); ++i)
+        EXPECT_EQ(place(cards[i]).top() - place(cards[i - 1]).bottom() - 1, 24);
     EXPECT_EQ(part("AdvancedSettingsTab")->layout()->contentsMargins().bottom(), 40);
 }
 
