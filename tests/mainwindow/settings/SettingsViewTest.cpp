@@ -58,6 +58,19 @@ TEST_F(SettingsWindow, arrowsChangeTheTab) {
     EXPECT_EQ(settings->selectedTab(), SettingsTab::general);
 }
 
+TEST_F(SettingsWindow, theTabKeyGoesFromTheTabsOverTheCardsToDone) {
+    open();
+    for (const SettingsTab tab : {SettingsTab::advanced, SettingsTab::general}) {
+        settings->selectTab(tab);
+        named(label(tab))->setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Tab);
+        EXPECT_TRUE(area()->widget()->isAncestorOf(QApplication::focusWidget()));
+        named(QStringLiteral("Done"))->setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), named(label(tab)));
+    }
+}
+
 TEST_F(SettingsWindow, eachTabShowsItsCardsInOrder) {
     open();
     EXPECT_TRUE(texts(*settings).contains(QStringLiteral("Appearance")));
