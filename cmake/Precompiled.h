@@ -1,4 +1,4 @@
-// Compiled once per target: the headers that nearly every file of ours takes in anyway.
+// Compiled once for all rooms: the headers that nearly every file of ours takes in anyway.
 #pragma once
 
 #include <QList>

@@ -1,17 +1,30 @@
 # A room is a folder below src/ with one library target.
 #
 #   quillstacks_room(NAME foundation PATH foundation
-#                    HEADERS Log.h … SOURCES Log.cpp … [USES room …] [LINK target …] [HIDDEN target …] [OBJECT] [PLAIN])
+#                    HEADERS Log.h … SOURCES Log.cpp … [USES room …] [LINK target …] [HIDDEN target …] [OBJECT] [PLAIN] [CORE])
 #
 # HEADERS are the public ones: they alone can be included from other rooms, as "PATH/Header.h", and each is compiled
 # on its own by the target all_verify_interface_header_sets. USES names lower rooms, LINK libraries that the public
 # headers need, HIDDEN libraries that only the sources need. OBJECT rooms are linked object by object: the choice
-# between the real desktop and the tests' one. PLAIN rooms take no Qt precompiled header.
+# between the real desktop and the tests' one. PLAIN rooms take no Qt precompiled header, CORE ones that of
+# QtCore alone.
 #
 # Other rooms see a folder of links that holds nothing but the public headers; so no room can include what a room
 # that it does not use has to offer, or another room's private parts.
+
+# One precompiled header for all rooms with widgets and one for those without: making one takes as long as compiling
+# several files.
+foreach(kind IN ITEMS "" _core)
+  set(target quillstacks_precompiled${kind})
+  add_library(${target} OBJECT "${CMAKE_CURRENT_LIST_DIR}/Precompiled.cpp")
+  set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+  target_precompile_headers(${target} PRIVATE "${CMAKE_CURRENT_LIST_DIR}/Precompiled.h")
+endforeach()
+target_link_libraries(quillstacks_precompiled PRIVATE quillstacks_compiler Qt6::Widgets)
+target_link_libraries(quillstacks_precompiled_core PRIVATE quillstacks_compiler Qt6::Core)
+
 function(quillstacks_room)
-  cmake_parse_arguments(ROOM "OBJECT;PLAIN" "NAME;PATH" "HEADERS;SOURCES;USES;LINK;HIDDEN" ${ARGN})
+  cmake_parse_arguments(ROOM "OBJECT;PLAIN;CORE" "NAME;PATH" "HEADERS;SOURCES;USES;LINK;HIDDEN" ${ARGN})
   set(target quillstacks_${ROOM_NAME})
   set(shown "${PROJECT_BINARY_DIR}/rooms/${ROOM_NAME}")
   set(here "${CMAKE_CURRENT_SOURCE_DIR}")
@@ -42,8 +55,10 @@ function(quillstacks_room)
     endif()
     target_include_directories(${target} PRIVATE "${here}" "${shown}")
     target_link_libraries(${target} PUBLIC ${lower} ${ROOM_LINK} PRIVATE quillstacks_compiler ${ROOM_HIDDEN})
-    if(NOT ROOM_PLAIN)
-      target_precompile_headers(${target} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/Precompiled.h")
+    if(ROOM_CORE)
+      target_precompile_headers(${target} REUSE_FROM quillstacks_precompiled_core)
+    elseif(NOT ROOM_PLAIN)
+      target_precompile_headers(${target} REUSE_FROM quillstacks_precompiled)
     endif()
   endif()
   add_library(Quillstacks::${ROOM_NAME} ALIAS ${target})
