@@ -10,4 +10,8 @@ namespace Quillstacks {
 /// "globalHotkeyModifiers", 1179648 (command and shift) by default: ModifierFlags. Written by the recorder only.
 [[nodiscard]] const StoredPreference<qint64>& globalHotkeyModifiersPreference();
 
+/// Both as a recorder shows them. A stored number that can't be one ends the process.
+[[nodiscard]] quint16 shownHotkeyKeyCode();
+[[nodiscard]] quint64 shownHotkeyModifiers();
+
 } // namespace Quillstacks

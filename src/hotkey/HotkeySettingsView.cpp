@@ -17,8 +17,6 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
-#include <limits>
-
 namespace Quillstacks {
 
 namespace {
@@ -27,20 +25,6 @@ namespace {
 constexpr int groundBesideText = 11;
 constexpr int noticeSymbol = 16;
 constexpr int noticeGap = 8;
-
-quint64 storedModifiers() {
-    const qint64 value = globalHotkeyModifiersPreference().value();
-    if (value < 0)
-        qFatal("The stored modifiers cannot be shown: %lld", static_cast<long long>(value));
-    return static_cast<quint64>(value);
-}
-
-quint16 storedKeyCode() {
-    const qint64 value = globalHotkeyKeyCodePreference().value();
-    if (value < 0 || value > std::numeric_limits<quint16>::max())
-        qFatal("The stored key code cannot be shown: %lld", static_cast<long long>(value));
-    return static_cast<quint16>(value);
-}
 
 void record(quint64 modifiers, quint16 keyCode, bool hasPermission) {
     globalHotkeyModifiersPreference().set(static_cast<qint64>(modifiers));
@@ -144,7 +128,7 @@ void HotkeySettingsView::showEvent(QShowEvent* event) {
 }
 
 void HotkeySettingsView::showStored() {
-    recorder->setShortcut(storedModifiers(), storedKeyCode());
+    recorder->setShortcut(shownHotkeyModifiers(), shownHotkeyKeyCode());
 }
 
 void HotkeySettingsView::showDesktop() {

@@ -15,27 +15,11 @@
 #include <QKeyEvent>
 #include <QPointer>
 
-#include <limits>
-
 namespace Quillstacks {
 namespace {
 
 constexpr double savedNoticeSeconds = 3;
 constexpr int cleared = 44; ///< of the fade over what scrolls
-
-quint64 storedModifiers() {
-    const qint64 value = globalHotkeyModifiersPreference().value();
-    if (value < 0)
-        qFatal("The stored modifiers cannot be shown: %lld", static_cast<long long>(value));
-    return static_cast<quint64>(value);
-}
-
-quint16 storedKeyCode() {
-    const qint64 value = globalHotkeyKeyCodePreference().value();
-    if (value < 0 || value > std::numeric_limits<quint16>::max())
-        qFatal("The stored key code cannot be shown: %lld", static_cast<long long>(value));
-    return static_cast<quint16>(value);
-}
 
 /// With or without the permission: it may come any moment.
 void makeLive(quint64 modifiers, quint16 keyCode) {
@@ -47,8 +31,8 @@ void makeLive(quint64 modifiers, quint16 keyCode) {
 } // namespace
 
 SplashScreenView::SplashScreenView(std::function<void()> opensApp, std::function<void()> dismisses, QWidget* parent)
-    : QWidget(parent), onOpenApp(std::move(opensApp)), onDismiss(std::move(dismisses)), modifiers(storedModifiers()),
-      keyCode(storedKeyCode()) {
+    : QWidget(parent), onOpenApp(std::move(opensApp)), onDismiss(std::move(dismisses)),
+      modifiers(shownHotkeyModifiers()), keyCode(shownHotkeyKeyCode()) {
     setObjectName(QStringLiteral("SplashScreenView"));
     recording = HotkeyRecording::make(
         [self = QPointer(this)](quint64 newModifiers, quint16 newKeyCode) {
