@@ -78,6 +78,9 @@ void SidebarTagsSection::refresh() {
     orderRows();
     orderTabs();
     setSelectedTagId(tagId);
+    // Gone by another way than its own deletion here, such as a restore: the list would be empty, and nobody knew why.
+    if (tagId && selectedRow() == allPrompts && tagId != allPromptsId)
+        select(allPromptsId);
     if (lostFocus)
         selectedRow()->setFocus(Qt::OtherFocusReason);
 }

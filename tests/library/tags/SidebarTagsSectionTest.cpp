@@ -94,6 +94,17 @@ TEST_F(SidebarTagsSectionTest, followsNamesColoursAndNewTags) {
     EXPECT_EQ(selectedTitles(), QStringList{QStringLiteral("Zeta")});
 }
 
+TEST_F(SidebarTagsSectionTest, aSelectedTagThatGoesByAnotherWayLeavesAllPromptsSelected) {
+    Tag* tag = addTag(QStringLiteral("Code"));
+    open();
+    click("Code");
+    library.context().remove(tag);
+    settle();
+    EXPECT_EQ(section->selectedTagId(), all);
+    EXPECT_EQ(told.last(), all);
+    EXPECT_EQ(selectedTitles(), QStringList{QStringLiteral("All Prompts")});
+}
+
 TEST_F(SidebarTagsSectionTest, newTagCallsOnCreate) {
     open();
     click("New Tag");
