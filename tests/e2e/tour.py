@@ -1,5 +1,5 @@
 """The tour: two prompts written, one of them rated by a model, the other called up from another program, filled in, and
-read from the clipboard.
+read from the clipboard; then a library imported.
 
 tour.py FOLDER: the program is in QUILLSTACKS_PROGRAM; a picture of each step goes into the folder. Ends with 1 when a step
 fails, and says which.
@@ -20,6 +20,7 @@ from driver.waiting import until
 FIRST = ("Translate a text", "Translate into {language}, and keep the tone:\n\n{text}")
 SECOND = ("Review code", "Review this change as a careful colleague would.\nName what is wrong, then what is missing.")
 VALUES = [("language", "French"), ("text", "The kettle is on.")]
+SAMPLES = Path(__file__).resolve().parents[2] / "resources" / "sample-library.json"
 EXPECTED = "Translate into French, and keep the tone:\n\nThe kettle is on."
 
 
@@ -119,6 +120,35 @@ class Tour:
         print("\nOn the clipboard, read by xclip:\n")
         print("\n".join(f"    {line}" for line in text.split("\n")), flush=True)
 
+    def _import(self):
+        self._begin("bring the window back by a second start")
+        second = Program(os.environ["QUILLSTACKS_PROGRAM"], self._home)
+        assert second.wait_end() == 0, "the second start has not handed over"
+        window = self._program.main_window()
+        until(lambda: window.has_keyboard, "the main window to have the keyboard")
+        self._done()
+
+        self._begin("import a library to try")
+        ui = self._program.ui
+        keyboard.press("ctrl+comma")
+        ui.find("Advanced", "radio button").click()
+        ui.find("Import", "push button").press()
+        name = ui.find("File name:", "text")
+        until(lambda: name.is_focused, "the file dialog to have the keyboard")
+        keyboard.type_text(str(SAMPLES))
+        keyboard.press("Return")
+        ui.find("Import Result", "label")
+        self._done()
+        self._begin("twenty prompts more")
+        for _ in range(2):  # the result, then the settings
+            keyboard.press("Return")
+            windows.settle()
+        ui.gone("Settings", "dialog")
+        ui.find("All Prompts", "list item")
+        titles = [prompt["title"] for prompt in json.loads(SAMPLES.read_text())["prompts"]]
+        until(lambda: set(titles) & set(person.list_rows(self._program)), "imported prompts in the list")
+        self._done()
+
     def walk(self):
         """0 when every step went well."""
         try:
@@ -126,6 +156,7 @@ class Tour:
             self._write_by_mouse()
             self._call()
             self._fill_in()
+            self._import()
             return 0
         except Exception as error:
             windows.screenshot(self._folder / "failed.png")

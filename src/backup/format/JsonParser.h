@@ -26,7 +26,10 @@ public:
     /// The same for any value, which is copied, with its key before it: `use(std::string_view key, JsonValue value)`.
     template <typename Use>
     void readField(std::string_view key, std::string_view value, const JsonPlace& place, Use use) {
-        pair.assign("[").append(key).append(",").append(value).append("]");
+        pair.clear();
+        pair.push_back('[');
+        pair.append(key).push_back(',');
+        pair.append(value).push_back(']');
         const std::size_t size = pair.size();
         pair.append(padding, ' ');
         read(std::string_view(pair).substr(0, size), place, [&](JsonValue both) {
