@@ -301,6 +301,8 @@ TEST_F(DataExportImport, aProgressIsSeenAfterHalfASecond) {
     const TickingClock clock;
     for (int number = 0; number < 400; ++number)
         library.addPrompt(QString::number(number));
+    Theme::shared().refresh();
+    QCoreApplication::processEvents(); // the first screen of a process brings the palette
     const auto picture = [this] { return window.grab().toImage().pixelColor(5, 5); };
     const QColor bare = picture();
     button("Export")->click();
