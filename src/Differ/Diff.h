@@ -12,8 +12,10 @@ namespace Differ {
 ///
 /// With N and M the counts and D the number of differences, time is O((N + M) × D) comparisons at worst, memory
 /// O(N + M + D²) bits. Without a predicate, elements of one type with a std::hash are hashed once each and then
-/// compared as numbers; their `==` must be an equivalence, as for any hashed container. Nothing throws but the
-/// elements' own operations and the allocator; counts whose sum no Index can hold end the process.
+/// compared as numbers; their `==` must be an equivalence, as for any hashed container. Then those without an equal on
+/// the other side cost nothing more, and the rest no more than about P log N for P pairs of equal elements, if that is
+/// less. Nothing throws but the elements' own operations and the allocator; counts whose sum no Index can hold end the
+/// process.
 template <Sequence Source, Sequence Target, class IsEqual = Equality>
 requires ElementPredicate<IsEqual, Source, Target>
 constexpr Diff diff(Source&& source, Target&& target, IsEqual isEqual = {}) {

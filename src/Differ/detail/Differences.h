@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Differ/detail/Indexed.h"
-#include "Differ/detail/Interning.h"
+#include "Differ/detail/NumberedSearch.h"
 #include "Differ/detail/PathSearch.h"
 #include "Differ/DiffElements.h"
 
@@ -29,32 +29,10 @@ private:
     IsSame isSame;
 };
 
-/// The same by numbers, where both sides end in one that matches nothing.
-class NumberedSlide {
-public:
-    constexpr NumberedSlide(const ElementNumber* sourceNumbers, const ElementNumber* targetNumbers)
-        : source(sourceNumbers), target(targetNumbers) {}
-
-    template <class Number>
-    constexpr Number operator()(Number x, Number y) const {
-        const ElementNumber* const a = source + x;
-        const ElementNumber* const b = target + y;
-        Number length = 0;
-        while (a[length] == b[length]) {
-            ++length;
-        }
-        return length;
-    }
-
-private:
-    const ElementNumber* source;
-    const ElementNumber* target;
-};
-
 /// The differences of what lies behind the first `first` elements, which match.
 template <class Slide>
 constexpr std::vector<Diff::Element> differencesBehind(Index first, Index sourceCount, Index targetCount, Slide slide) {
-    const std::vector<Step> steps = shortestPath(sourceCount, targetCount, slide);
+    const std::vector<Step> steps = *shortestPath(sourceCount, targetCount, slide);
     std::vector<Diff::Element> elements;
     elements.reserve(steps.size());
     Index x = 0;
@@ -84,13 +62,6 @@ constexpr std::vector<Diff::Element> remainder(Index first, Index sourceCount, I
     return elements;
 }
 
-template <class Source, class Target>
-std::vector<Diff::Element> differencesByNumber(const Indexed<Source>& from, const Indexed<Target>& to, Index first) {
-    const InternedSides sides(from, to, first);
-    return differencesBehind(first, from.count() - first, to.count() - first,
-                             NumberedSlide(sides.source.data(), sides.target.data()));
-}
-
 template <class Source, class Target, class IsEqual>
 constexpr std::vector<Diff::Element> differences(std::remove_reference_t<Source>& source,
                                                  std::remove_reference_t<Target>& target, IsEqual& isEqual) {
@@ -106,7 +77,7 @@ constexpr std::vector<Diff::Element> differences(std::remove_reference_t<Source>
     const Index targetCount = to.count() - first;
     if constexpr (Internable<Source, Target, IsEqual>) {
         if (!std::is_constant_evaluated() && checkedSum(sourceCount, targetCount) <= mostNumbers) {
-            return differencesByNumber(from, to, first);
+            return NumberedSearch(InternedSides(from, to, first)).run(first);
         }
     }
     const auto isSameBehind = [&](Index x, Index y) { return isSame(first + x, first + y); };

@@ -10,14 +10,15 @@
 namespace Differ::detail {
 
 /// Whether a number can stand for each element: both sides hold the same type, it has a hash, and it stays where it is.
-/// Scalars are compared faster than they are hashed.
+/// Letters and other bytes are left as they are: there are so few of them that all occur on both sides.
 template <class Source, class Target, class IsEqual>
-concept Internable = std::same_as<IsEqual, Equality> &&
-                     std::same_as<std::ranges::range_value_t<Source>, std::ranges::range_value_t<Target>> &&
-                     !std::is_scalar_v<std::ranges::range_value_t<Source>> &&
-                     std::is_lvalue_reference_v<std::ranges::range_reference_t<Source>> &&
-                     std::is_lvalue_reference_v<std::ranges::range_reference_t<Target>> &&
-                     requires(const std::ranges::range_value_t<Source>& element) {
+concept Internable =
+    std::same_as<IsEqual, Equality> &&
+    std::same_as<std::ranges::range_value_t<Source>, std::ranges::range_value_t<Target>> &&
+    !(std::is_scalar_v<std::ranges::range_value_t<Source>> && sizeof(std::ranges::range_value_t<Source>) == 1) &&
+    std::is_lvalue_reference_v<std::ranges::range_reference_t<Source>> &&
+    std::is_lvalue_reference_v<std::ranges::range_reference_t<Target>> &&
+    requires(const std::ranges::range_value_t<Source>& element) {
     { std::hash<std::ranges::range_value_t<Source>>{}(element) } -> std::convertible_to<std::size_t>;
 };
 
@@ -28,8 +29,7 @@ using ElementNumber = std::int32_t;
 inline constexpr Index mostNumbers = std::numeric_limits<ElementNumber>::max();
 
 /// Gives equal elements the same number and unequal ones different numbers, so that the search compares numbers instead
-/// of texts. Elements have to live as long as this does; there may be up to
-/// mostNumbers of them.
+/// of texts. Elements have to live as long as this does; there may be up to mostNumbers of them.
 template <class Element>
 class Interning {
 public:
@@ -54,6 +54,8 @@ public:
         slots[place] = {std::addressof(element), hash, count};
         return count++;
     }
+    /// How many numbers there are by now; they run from 0.
+    [[nodiscard]] ElementNumber distinct() const { return count; }
 
 private:
     struct Slot {
@@ -65,27 +67,28 @@ private:
     ElementNumber count = 0;
 };
 
-/// The numbers of both sides from `first` on, each side closed by a number of its own that matches nothing.
+/// The numbers of both sides from `first` on.
 struct InternedSides {
     std::vector<ElementNumber> source;
     std::vector<ElementNumber> target;
+    ElementNumber distinct = 0; ///< all numbers are below
 
     template <class Source, class Target>
     InternedSides(const Indexed<Source>& from, const Indexed<Target>& to, Index first) {
         Interning<std::ranges::range_value_t<Source>> numbers(checkedSum(from.count() - first, to.count() - first));
-        source = fill(from, first, numbers, -1);
-        target = fill(to, first, numbers, -2);
+        source = numbersOf(from, first, numbers);
+        target = numbersOf(to, first, numbers);
+        distinct = numbers.distinct();
     }
 
 private:
     template <class Side, class Numbers>
-    static std::vector<ElementNumber> fill(const Side& side, Index first, Numbers& numbers, ElementNumber closing) {
+    static std::vector<ElementNumber> numbersOf(const Side& side, Index first, Numbers& numbers) {
         std::vector<ElementNumber> result;
-        result.reserve(static_cast<std::size_t>(side.count() - first) + 1);
+        result.reserve(static_cast<std::size_t>(side.count() - first));
         for (Index at = first; at < side.count(); ++at) {
             result.push_back(numbers.number(side[at]));
         }
-        result.push_back(closing);
         return result;
     }
 };

@@ -4,6 +4,7 @@
 
 #include <concepts>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace Differ::detail {
@@ -27,16 +28,22 @@ public:
         : N(sourceCount), M(targetCount), slide(matches),
           furthest(static_cast<std::size_t>(sourceCount) + static_cast<std::size_t>(targetCount) + 3, Number{-1}) {}
 
-    /// The steps of the path from first to last; matches are between them.
-    constexpr std::vector<Step> run() {
+    /// The steps of the path from first to last; matches are between them. Nothing once the rounds have gone through
+    /// more than `mostDiagonals`.
+    constexpr std::optional<std::vector<Step>> run(Index mostDiagonals) {
         const Number x = slide(0, 0);
         if (x == N && x == M) {
-            return {};
+            return std::vector<Step>{};
         }
         *diagonal(0) = x;
         Number low = x == M ? 1 : -1;
         Number high = x == N ? -1 : 1;
+        Index diagonals = 0;
         while (!round(low, high)) {
+            diagonals += (static_cast<Index>(high) - low) / 2 + 1;
+            if (diagonals > mostDiagonals) {
+                return {};
+            }
         }
         return stepsBack();
     }
@@ -110,16 +117,18 @@ private:
     std::vector<Row> rows;
 };
 
-/// The steps of the path, searched with the narrowest numbers that hold its positions.
+/// The steps of the path, searched with the narrowest numbers that hold its positions; nothing where the search goes
+/// through more diagonals than it may.
 template <class Slide>
-constexpr std::vector<Step> shortestPath(Index sourceCount, Index targetCount, Slide slide) {
+constexpr std::optional<std::vector<Step>> shortestPath(Index sourceCount, Index targetCount, Slide slide,
+                                                        Index mostDiagonals = std::numeric_limits<Index>::max()) {
     const Index largest = checkedSum(checkedSum(sourceCount, targetCount), 3);
     if (largest <= std::numeric_limits<std::int32_t>::max()) {
         return PathSearch<std::int32_t, Slide>(static_cast<std::int32_t>(sourceCount),
                                                static_cast<std::int32_t>(targetCount), slide)
-            .run();
+            .run(mostDiagonals);
     }
-    return PathSearch<Index, Slide>(sourceCount, targetCount, slide).run();
+    return PathSearch<Index, Slide>(sourceCount, targetCount, slide).run(mostDiagonals);
 }
 
 } // namespace Differ::detail
