@@ -12,7 +12,7 @@
 namespace Quillstacks {
 namespace {
 
-const QString key = QStringLiteral("key");
+const QString entry = QStringLiteral("key");
 
 class PreferencesFile : public testing::Test {
 protected:
@@ -46,15 +46,15 @@ TEST_F(PreferencesFile, nothingIsMadeBeforeTheFirstValue) {
 
 TEST_F(PreferencesFile, eachChangeIsOnDiskAtOnce) {
     Preferences preferences(file);
-    preferences.set(key, QStringLiteral("a\u00E9\U0001F600\n\"\\"));
-    EXPECT_EQ(Preferences(file).text(key), QStringLiteral("a\u00E9\U0001F600\n\"\\"));
-    preferences.remove(key);
-    EXPECT_FALSE(Preferences(file).contains(key));
+    preferences.set(entry, QStringLiteral("a\u00E9\U0001F600\n\"\\"));
+    EXPECT_EQ(Preferences(file).text(entry), QStringLiteral("a\u00E9\U0001F600\n\"\\"));
+    preferences.remove(entry);
+    EXPECT_FALSE(Preferences(file).contains(entry));
 }
 
 TEST_F(PreferencesFile, isReadableByItsOwnerAlone) {
     const mode_t mask = umask(0);
-    Preferences(file).set(key, true);
+    Preferences(file).set(entry, true);
     umask(mask);
     EXPECT_EQ(modeOf(file), 0600U);
     EXPECT_EQ(modeOf(QFileInfo(file).absolutePath()), 0700U);
@@ -83,8 +83,8 @@ TEST_F(PreferencesFile, aFileThatCannotBeReadStaysWhatItIs) {
     {
         Preferences preferences(file);
         EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 1);
-        preferences.set(key, true);
-        EXPECT_EQ(preferences.boolean(key), true) << "the value holds in memory";
+        preferences.set(entry, true);
+        EXPECT_EQ(preferences.boolean(entry), true) << "the value holds in memory";
         EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 2);
     }
     EXPECT_EQ(names(), QStringList(QStringLiteral("preferences.json"))) << "neither renamed nor replaced";
@@ -98,17 +98,17 @@ TEST_F(PreferencesFile, aFileWithoutTheRightToReadItStaysWhatItIs) {
         GTEST_SKIP() << "the superuser may read everything";
     Preferences(file).set(QStringLiteral("other"), true);
     ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0600), 0);
-    EXPECT_EQ(Preferences(file).text(key), QStringLiteral("precious"));
+    EXPECT_EQ(Preferences(file).text(entry), QStringLiteral("precious"));
 }
 
 TEST_F(PreferencesFile, leavesNoTemporaryFileBehind) {
-    Preferences(file).set(key, true);
+    Preferences(file).set(entry, true);
     EXPECT_EQ(names(), QStringList(QStringLiteral("preferences.json")));
 }
 
 TEST_F(PreferencesFile, unknownKeysAreKept) {
     write(R"({"foreign": {"list": [1, 2.5, null, "x"]}, "big": 9007199254740993})");
-    Preferences(file).set(key, true);
+    Preferences(file).set(entry, true);
     const QByteArray bytes = read(file).simplified().replace(' ', "");
     EXPECT_EQ(bytes, R"({"big":9007199254740993,"foreign":{"list":[1,2.5,null,"x"]},"key":true})");
 }
@@ -116,12 +116,12 @@ TEST_F(PreferencesFile, unknownKeysAreKept) {
 TEST_F(PreferencesFile, aBrokenFileIsSetAsideAndDefaultsApply) {
     write("{\"key\": tru");
     Preferences preferences(file);
-    EXPECT_FALSE(preferences.contains(key));
+    EXPECT_FALSE(preferences.contains(entry));
     EXPECT_EQ(read(file + QStringLiteral(".broken")), "{\"key\": tru");
     EXPECT_FALSE(QFileInfo::exists(file));
     EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 1);
-    preferences.set(key, true);
-    EXPECT_EQ(Preferences(file).boolean(key), true);
+    preferences.set(entry, true);
+    EXPECT_EQ(Preferences(file).boolean(entry), true);
 }
 
 TEST_F(PreferencesFile, aSecondBrokenFileLeavesTheFirst) {
@@ -140,16 +140,16 @@ TEST_F(PreferencesFile, aBatchWritesOnceAtItsEnd) {
     QObject::connect(&preferences, &Preferences::changed, [&] { ++heard; });
     {
         const Preferences::Batch outer(preferences);
-        preferences.set(key, qint64(1));
+        preferences.set(entry, qint64(1));
         {
             const Preferences::Batch inner(preferences);
             preferences.set(QStringLiteral("other"), qint64(2));
         }
-        EXPECT_EQ(preferences.integer(key), 1);
+        EXPECT_EQ(preferences.integer(entry), 1);
         EXPECT_EQ(heard, 2);
         EXPECT_FALSE(QFileInfo::exists(file));
     }
-    EXPECT_EQ(Preferences(file).integer(key), 1);
+    EXPECT_EQ(Preferences(file).integer(entry), 1);
     EXPECT_EQ(Preferences(file).integer(QStringLiteral("other")), 2);
 }
 
@@ -164,30 +164,30 @@ TEST_F(PreferencesFile, aWriteThatFailsIsLoggedAndTheNextOneTriesAgain) {
     QFile obstacle(folder.filePath(QStringLiteral("config")));
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     Preferences preferences(file);
-    preferences.set(key, QStringLiteral("held"));
-    EXPECT_EQ(preferences.text(key), QStringLiteral("held")) << "the value holds in memory";
+    preferences.set(entry, QStringLiteral("held"));
+    EXPECT_EQ(preferences.text(entry), QStringLiteral("held")) << "the value holds in memory";
     EXPECT_EQ(log.messages(QStringLiteral("general"), LogLevel::Error).size(), 1);
     ASSERT_TRUE(obstacle.remove());
     preferences.set(QStringLiteral("other"), true);
-    EXPECT_EQ(Preferences(file).text(key), QStringLiteral("held"));
+    EXPECT_EQ(Preferences(file).text(entry), QStringLiteral("held"));
 }
 
 TEST_F(PreferencesFile, synchronizeTriesAgainAfterAFailure) {
     QFile obstacle(folder.filePath(QStringLiteral("config")));
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     Preferences preferences(file);
-    preferences.set(key, true);
+    preferences.set(entry, true);
     ASSERT_TRUE(obstacle.remove());
     preferences.synchronize();
-    EXPECT_EQ(Preferences(file).boolean(key), true);
+    EXPECT_EQ(Preferences(file).boolean(entry), true);
 }
 
 TEST_F(PreferencesFile, aFolderInItsPlaceIsSetAsideToo) {
     QDir().mkpath(file + QStringLiteral("/inside"));
     Preferences preferences(file);
-    preferences.set(key, true);
+    preferences.set(entry, true);
     EXPECT_TRUE(QFileInfo(file + QStringLiteral(".broken/inside")).isDir());
-    EXPECT_EQ(Preferences(file).boolean(key), true);
+    EXPECT_EQ(Preferences(file).boolean(entry), true);
 }
 
 TEST_F(PreferencesFile, aLinkStaysALinkAndItsTargetIsWritten) {
@@ -197,10 +197,10 @@ TEST_F(PreferencesFile, aLinkStaysALinkAndItsTargetIsWritten) {
     const QString middle = folder.filePath(QStringLiteral("middle.json"));
     ASSERT_TRUE(QFile::link(target, middle));
     ASSERT_TRUE(QFile::link(middle, file));
-    Preferences(file).set(key, true);
+    Preferences(file).set(entry, true);
     EXPECT_TRUE(QFileInfo(file).isSymLink());
     EXPECT_TRUE(QFileInfo(middle).isSymLink());
-    EXPECT_EQ(Preferences(target).boolean(key), true);
+    EXPECT_EQ(Preferences(target).boolean(entry), true);
 }
 
 TEST_F(PreferencesFile, textOfAnyKindComesBackUnchanged) {
@@ -209,9 +209,9 @@ TEST_F(PreferencesFile, textOfAnyKindComesBackUnchanged) {
         every += QChar(static_cast<char16_t>(unit));
     const QString pairs = QStringLiteral("\U0001F600\U0010FFFF");
     Preferences preferences(file);
-    preferences.set(key, every);
+    preferences.set(entry, every);
     preferences.set(pairs, pairs);
-    EXPECT_EQ(Preferences(file).text(key), every) << "unpaired surrogates included";
+    EXPECT_EQ(Preferences(file).text(entry), every) << "unpaired surrogates included";
     EXPECT_EQ(Preferences(file).text(pairs), pairs);
 }
 

@@ -1,6 +1,7 @@
 #include "HotkeySettingsFixture.h"
 
 #include "hotkey/ShortcutField.h"
+#include "support/Text.h"
 
 #include <QShortcut>
 
@@ -8,10 +9,6 @@ namespace Quillstacks {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
 
 class HotkeyRecorder : public HotkeySettingsFixture {
 protected:

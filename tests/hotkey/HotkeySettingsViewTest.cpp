@@ -2,15 +2,12 @@
 
 #include "interface/SymbolImage.h"
 #include "support/ShownSymbol.h"
+#include "support/Text.h"
 
 namespace Quillstacks {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
 
 using HotkeySettings = HotkeySettingsFixture;
 using HotkeySettingsDeathTest = HotkeySettingsFixture;

@@ -5,6 +5,7 @@
 #include "platform/FakeDesktop.h"
 #include "support/LogCapture.h"
 #include "support/TestPreferences.h"
+#include "support/Text.h"
 
 #include <QGuiApplication>
 
@@ -14,10 +15,6 @@ namespace Quillstacks {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
 
 class Permission : public testing::Test {
 protected:

@@ -1,5 +1,7 @@
 #include "hotkey/ShortcutDisplay.h"
 
+#include "support/Text.h"
+
 #include <QSet>
 
 #include <gtest/gtest.h>
@@ -9,10 +11,6 @@
 namespace Quillstacks {
 
 namespace {
-
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
 
 /// Every key code that has a name on screen.
 const std::map<qint64, const char*> named = {

@@ -6,5 +6,4 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
 #include "RelativeDate.h"
 
+#include "support/Text.h"
+
 #include <gtest/gtest.h>
 
 using namespace Quillstacks;
@@ -17,9 +19,6 @@ QString full(Duration ago) {
 template <typename Duration>
 QString abbreviated(Duration ago) {
     return relativeDate(now - ago, now, RelativeDateUnits::abbreviated);
-}
-QString text(const char* latin) {
-    return QString::fromLatin1(latin);
 }
 
 } // namespace
