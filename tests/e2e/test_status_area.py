@@ -1,8 +1,9 @@
 """The icon in the desktop's status area, and what the program shows in the taskbar."""
 import unittest
 
-from driver import person, windows
+from driver import keyboard, person, windows
 from driver.desktop_case import DesktopCase
+from driver.old_status_area import OldStatusArea
 from driver.program import MAIN
 from driver.waiting import until
 
@@ -68,6 +69,47 @@ class StatusAreaIcon(DesktopCase):
         program = self.started()
         program.logs("No status area found")
         self.assertTrue(program.is_running)
+
+
+class StatusAreaOfTheOlderKind(DesktopCase):
+    """The desktop's side is a window that takes others in, not a service of the session bus."""
+
+    def old_status_area(self):
+        area = OldStatusArea()
+        self.addCleanup(area.end)
+        return area
+
+    def choose(self, program, label, area, button):
+        before = windows.on_screen(program.pid)
+        area.click(button)
+        until(lambda: windows.on_screen(program.pid) - before, "the menu")
+        keyboard.press(*["Down"] * (1 + [entry for entry in MENU if entry].index(label)), "Return")
+
+    def test_shows_the_icon_whose_menu_opens_by_either_button(self):
+        area = self.old_status_area()
+        program = self.started()
+        person.close_main_window(program)
+        area.wait_for_icon()
+        for button in (1, 3):
+            with self.subTest(button=button):
+                self.choose(program, MENU[0], area, button)
+                program.wait_for_panel()
+                keyboard.press("Escape")
+                program.wait_for_no_panel()
+
+    def test_that_comes_late_goes_and_comes_back_has_the_icon_each_time(self):
+        program = self.started()
+        program.logs("No status area found")
+        person.close_main_window(program)
+        for _ in range(2):
+            area = self.old_status_area()
+            area.wait_for_icon()
+            area.end()
+        area = self.old_status_area()
+        area.wait_for_icon()
+        self.choose(program, "Open Quillstacks", area, 3)
+        window = program.main_window()
+        until(lambda: window.is_active, "the window to be back and active")
 
 
 class Taskbar(DesktopCase):

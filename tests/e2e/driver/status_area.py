@@ -3,6 +3,7 @@
 Run as a program (`python3 -m driver.status_area`), it is the desktop's side: it owns org.kde.StatusNotifierWatcher, with
 a host registered, until it is ended. `StatusArea` starts that and asks it.
 """
+import os
 import subprocess
 import sys
 
@@ -61,12 +62,16 @@ class Watcher:
 
 
 class StatusArea:
-    """Starts a status area, and ends it."""
+    """Starts a status area, and ends it: on the session bus, or on the bus of this address."""
 
-    def __init__(self):
-        self._process = subprocess.Popen([sys.executable, "-m", "driver.status_area"], stdout=subprocess.PIPE, text=True)
+    def __init__(self, address=None):
+        address = address or os.environ["DBUS_SESSION_BUS_ADDRESS"]
+        self._process = subprocess.Popen([sys.executable, "-m", "driver.status_area"], stdout=subprocess.PIPE, text=True,
+                                         env={**os.environ, "DBUS_SESSION_BUS_ADDRESS": address})
         assert self._process.stdout.readline() == "ready\n", "the status area did not come up"
-        self._bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        # A connection of its own: the shared one would take this process with it when its bus dies.
+        self._bus = Gio.DBusConnection.new_for_address_sync(
+            address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
 
     def _ask(self, name, path, interface, method, arguments, answer):
         return self._bus.call_sync(name, path, interface, method, arguments, GLib.VariantType(answer),
@@ -111,6 +116,8 @@ class StatusArea:
         self._process.terminate()
         self._process.wait()
         self._process.stdout.close()
+        if not self._bus.is_closed():
+            self._bus.close_sync()
 
 
 if __name__ == "__main__":

@@ -98,6 +98,11 @@ def listed(pid=None):
     return found
 
 
+def on_screen(pid):
+    """The numbers of a process's visible windows, menus and icons included, which no window manager lists."""
+    return set(map(int, _output("xdotool", "search", "--onlyvisible", "--pid", str(pid)).split()))
+
+
 def find(name=None, pid=None, role=None):
     """The visible window of that title or role, or None."""
     return next((window for window in listed(pid) if name in (None, window.name) and role in (None, window.role)
