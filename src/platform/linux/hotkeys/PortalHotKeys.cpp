@@ -59,8 +59,10 @@ PortalHotKeys::PortalHotKeys(QObject* parent) : QObject(parent), bus(privateBus(
     if (!bus.isConnected())
         return;
     subscribe();
-    if (isWithinReach())
-        lookForPortal();
+    if (!isWithinReach())
+        return;
+    presence = Presence::asking;
+    lookForPortal();
 }
 
 PortalHotKeys::~PortalHotKeys() {
@@ -78,9 +80,11 @@ void PortalHotKeys::subscribe() {
                 QStringLiteral("Disconnected"), this, SLOT(portalGone()));
     auto* watcher = new QDBusServiceWatcher(Portal::service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString& /*name*/, const QString& /*before*/, const QString& now) {
-                portalGone();
-                if (!now.isEmpty())
+            [this](const QString& /*name*/, const QString& before, const QString& now) {
+                if (!before.isEmpty())
+                    portalGone();
+                // One that comes may be what our own question has started: it has that question already.
+                if (!now.isEmpty() && !isLooking)
                     lookForPortal();
             });
 }
@@ -92,7 +96,7 @@ bool PortalHotKeys::isWithinReach() const {
 }
 
 void PortalHotKeys::lookForPortal() {
-    presence = Presence::asking;
+    isLooking = true;
     const quint32 round = ++lookRound;
     auto question = QDBusMessage::createMethodCall(
         Portal::service, Portal::path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
@@ -103,6 +107,7 @@ void PortalHotKeys::lookForPortal() {
         if (reply.type() == QDBusMessage::ReplyMessage) {
             registerApplication(round);
         } else {
+            isLooking = false;
             presence = Presence::absent;
             tell(HotKeys::eventHotKeyInvalidErr);
         }
@@ -122,6 +127,7 @@ void PortalHotKeys::registerApplication(quint32 round) {
 }
 
 void PortalHotKeys::portalFound() {
+    isLooking = false;
     presence = Presence::there;
     if (wish && !isDeclined)
         openSession();
@@ -131,12 +137,13 @@ void PortalHotKeys::portalGone() {
     ++lookRound;
     ++sessionRound;
     requests.forgetAll();
+    isLooking = false;
     presence = Presence::absent;
     binding = Binding::none;
     sessionPath.clear();
     tell(HotKeys::eventHotKeyInvalidErr);
     MainQueue::after(returnDelay, this, [this] {
-        if (presence == Presence::absent && isWithinReach())
+        if (presence == Presence::absent && !isLooking && isWithinReach())
             lookForPortal();
     });
 }
@@ -147,8 +154,14 @@ HotKeys::Status PortalHotKeys::grab(HotKeys::HotKeyRef ref, quint32 keyCode, qui
     if (!wanted || wish)
         return HotKeys::eventHotKeyInvalidErr;
     wish = Wish{.ref = ref, .trigger = *wanted, .answered = std::move(answered)};
-    if (binding != Binding::none && trigger == *wanted && !isDeclined)
-        return binding == Binding::bound ? HotKeys::noErr : HotKeys::answerPending;
+    if (binding != Binding::none && trigger == *wanted) {
+        if (binding == Binding::bound && !isDeclined)
+            return HotKeys::noErr;
+        // Taken away in the desktop's settings, where the user may give it back to this session; or being asked for.
+        if (binding == Binding::bound)
+            tellSoon(HotKeys::eventHotKeyInvalidErr);
+        return HotKeys::answerPending;
+    }
     closeSession();
     if (presence == Presence::absent || isDeclined)
         tellSoon(HotKeys::eventHotKeyInvalidErr);
@@ -169,7 +182,7 @@ void PortalHotKeys::release(HotKeys::HotKeyRef ref) {
 
 void PortalHotKeys::askAgain() {
     if (presence == Presence::absent) {
-        if (isWithinReach())
+        if (!isLooking && isWithinReach())
             lookForPortal();
         return;
     }
@@ -212,11 +225,11 @@ void PortalHotKeys::bind(const QString& session) {
                                    {QStringLiteral("preferred_trigger"), trigger}}};
     const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(session)),
                                  QVariant::fromValue(QList<PortalShortcut>{shortcut}), QString()};
-    requests.call(QStringLiteral("BindShortcuts"), arguments, {},
-                  [this, round = sessionRound](uint code, const QVariantMap& results) {
-                      if (round == sessionRound)
-                          bindAnswered(code, results);
-                  });
+    bindRequest = requests.call(QStringLiteral("BindShortcuts"), arguments, {},
+                                [this, round = sessionRound](uint code, const QVariantMap& results) {
+                                    if (round == sessionRound)
+                                        bindAnswered(code, results);
+                                });
 }
 
 void PortalHotKeys::bindAnswered(uint code, const QVariantMap& results) {
@@ -237,6 +250,9 @@ void PortalHotKeys::bindAnswered(uint code, const QVariantMap& results) {
 
 void PortalHotKeys::closeSession() {
     ++sessionRound;
+    // The user need not answer any more.
+    if (binding == Binding::binding)
+        requests.withdraw(bindRequest);
     binding = Binding::none;
     if (sessionPath.isEmpty())
         return;

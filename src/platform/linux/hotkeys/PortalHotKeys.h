@@ -71,12 +71,14 @@ private:
 
     QDBusConnection bus;
     PortalRequests requests;
-    Presence presence = Presence::absent;
+    Presence presence = Presence::absent; ///< asking: nothing is known yet
+    bool isLooking = false;
     Binding binding = Binding::none;
     bool isDeclined = false;
     std::optional<Wish> wish;
     QString trigger; ///< of the present session
     QString sessionPath;
+    QString bindRequest;
     quint32 lookRound = 0;
     quint32 sessionRound = 0; ///< what was begun for an earlier session is not wanted any more
 };

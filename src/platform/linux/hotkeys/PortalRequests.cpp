@@ -23,8 +23,8 @@ PortalRequests::PortalRequests(const QDBusConnection& connection) : bus(connecti
                 SLOT(responded(QDBusMessage)));
 }
 
-void PortalRequests::call(const QString& method, const QVariantList& arguments, QVariantMap options,
-                          Continuation then) {
+QString PortalRequests::call(const QString& method, const QVariantList& arguments, QVariantMap options,
+                             Continuation then) {
     const QString token = nextToken();
     const QString path = pathOf(bus, token);
     // Before the call: the response may come before its reply.
@@ -45,6 +45,13 @@ void PortalRequests::call(const QString& method, const QVariantList& arguments, 
             waiting.insert_or_assign(reply.value().path(), std::move(continuation));
         }
     });
+    return path;
+}
+
+void PortalRequests::withdraw(const QString& request) {
+    // Not there under this path: answered, or with an old portal, which has its question stand until its session ends.
+    if (take(request))
+        close(request, Portal::requestInterface);
 }
 
 QString PortalRequests::nextToken() {

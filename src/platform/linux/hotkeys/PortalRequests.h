@@ -33,8 +33,10 @@ public:
     explicit PortalRequests(const QDBusConnection& connection);
 
     /// Calls a method of the shortcuts' interface with these arguments, and the options behind them. The continuation
-    /// runs once, or never when the portal goes first.
-    void call(const QString& method, const QVariantList& arguments, QVariantMap options, Continuation then);
+    /// runs once, or never when the portal goes first. The result names the request.
+    QString call(const QString& method, const QVariantList& arguments, QVariantMap options, Continuation then);
+    /// Takes a request back that is not answered yet: its continuation never runs.
+    void withdraw(const QString& request);
     /// A name for an object, unlike those before it.
     [[nodiscard]] QString nextToken();
     /// Ends an object of the portal's.

@@ -1,52 +1,7 @@
-#include "hotkeys/PortalHotKeys.h"
-
-#include "FakeShortcutsPortal.h"
-#include "platform/Accessibility.h"
-
-#include <QPointer>
-#include <QTest>
-
-#include <gtest/gtest.h>
+#include "PortalHotKeyFixture.h"
 
 namespace Quillstacks {
 namespace {
-
-using User = FakeShortcutsPortal::User;
-
-constexpr quint32 space = 49;
-constexpr quint32 keyF5 = 96;
-constexpr quint32 commandShift = HotKeys::commandBit | HotKeys::shiftBit;
-
-template <typename Condition>
-bool eventually(Condition condition) {
-    return QTest::qWaitFor(condition, 10'000);
-}
-
-class PortalHotKey : public testing::Test {
-protected:
-    void start() {
-        keys = std::make_unique<PortalHotKeys>();
-        QObject::connect(keys.get(), &PortalHotKeys::pressed, keys.get(),
-                         [this](HotKeys::HotKeyRef ref, quint32 time, const QString& token) {
-                             presses << QStringLiteral("%1 %2 %3").arg(ref).arg(time).arg(token);
-                         });
-    }
-    HotKeys::Status grab(HotKeys::HotKeyRef ref = 1, quint32 keyCode = space, quint32 modifiers = commandShift) {
-        return keys->grab(ref, keyCode, modifiers, [this](HotKeys::Status status) { answers.push_back(status); });
-    }
-    void startAndBind() {
-        start();
-        ASSERT_EQ(grab(), HotKeys::answerPending);
-        ASSERT_TRUE(eventually([this] { return answers == std::vector{HotKeys::noErr}; }));
-    }
-    /// Everything that was sent up to now has arrived: a version is asked for, and answered, behind it.
-    void settle() const { QTest::qWait(50); }
-
-    std::unique_ptr<FakeShortcutsPortal> portal = std::make_unique<FakeShortcutsPortal>();
-    std::unique_ptr<PortalHotKeys> keys;
-    std::vector<HotKeys::Status> answers;
-    QStringList presses;
-};
 
 TEST_F(PortalHotKey, isBoundInTheOrderThatThePortalWants) {
     startAndBind();
@@ -126,6 +81,25 @@ TEST_F(PortalHotKey, askingAfterADeclineBindsAgainAndTheAnswerReachesTheSameRegi
     EXPECT_TRUE(eventually([this] { return presses.size() == 1; }));
 }
 
+TEST_F(PortalHotKey, registeringWhileTheUserIsAskedAgainWaitsForTheSameAnswer) {
+    portal->user = User::declines;
+    start();
+    std::ignore = grab();
+    ASSERT_TRUE(eventually([this] { return answers.size() == 1; }));
+    portal->user = User::isAway;
+    keys->askAgain();
+    ASSERT_TRUE(eventually([this] { return portal->count("BindShortcuts") == 2; }));
+    keys->release(1);
+    EXPECT_EQ(grab(2), HotKeys::answerPending);
+    settle();
+    EXPECT_EQ(answers.size(), 1U) << "the user is still thinking";
+    portal->answerBind(User::agrees);
+    ASSERT_TRUE(eventually([this] { return answers.size() == 2; }));
+    EXPECT_EQ(answers.back(), HotKeys::noErr);
+    EXPECT_EQ(portal->count("BindShortcuts"), 2);
+    EXPECT_TRUE(keys->isTrusted());
+}
+
 TEST_F(PortalHotKey, aUserWhoLeavesTheShortcutOutHasDeclined) {
     portal->user = User::leavesItOut;
     start();
@@ -147,104 +121,6 @@ TEST_F(PortalHotKey, aFailureIsNoDecline) {
     std::ignore = grab(2);
     ASSERT_TRUE(eventually([this] { return answers.size() == 2; }));
     EXPECT_EQ(answers.back(), HotKeys::noErr);
-}
-
-TEST_F(PortalHotKey, withoutAPortalThereIsNone) {
-    portal.reset();
-    start();
-    EXPECT_FALSE(keys->isSupported());
-    EXPECT_FALSE(keys->isTrusted());
-    EXPECT_EQ(grab(), HotKeys::answerPending);
-    EXPECT_TRUE(answers.empty()) << "not from within the call";
-    EXPECT_TRUE(eventually([this] { return answers == std::vector{HotKeys::eventHotKeyInvalidErr}; }));
-}
-
-TEST_F(PortalHotKey, aPortalWithoutShortcutsIsAsGoodAsNone) {
-    portal->hasShortcuts = false;
-    start();
-    std::ignore = grab();
-    EXPECT_TRUE(eventually([this] { return answers == std::vector{HotKeys::eventHotKeyInvalidErr}; }));
-    EXPECT_FALSE(keys->isSupported());
-    EXPECT_FALSE(keys->isTrusted());
-    EXPECT_EQ(portal->calls, QStringList{QStringLiteral("version")});
-}
-
-TEST_F(PortalHotKey, anOldPortalKnowsNoRegistry) {
-    portal->hasRegistry = false;
-    startAndBind();
-    EXPECT_EQ(portal->count("Register"), 1);
-}
-
-TEST_F(PortalHotKey, anOldPortalChoosesWhereItsRequestsStand) {
-    portal->choosesPaths = true;
-    startAndBind();
-}
-
-TEST_F(PortalHotKey, aResponseMayComeBeforeTheReply) {
-    portal->answersFirst = true;
-    startAndBind();
-}
-
-TEST_F(PortalHotKey, aPortalThatRefusesTheProgramIsNone) {
-    portal->acceptsProgram = false;
-    start();
-    std::ignore = grab();
-    EXPECT_TRUE(eventually([this] { return answers == std::vector{HotKeys::eventHotKeyInvalidErr}; }));
-    EXPECT_FALSE(keys->isTrusted());
-    EXPECT_FALSE(keys->isSupported());
-    EXPECT_EQ(portal->count("BindShortcuts"), 0);
-}
-
-TEST_F(PortalHotKey, whenThePortalGoesTheKeyIsGoneAndComesBackWithIt) {
-    startAndBind();
-    portal.reset();
-    ASSERT_TRUE(eventually([this] { return answers.size() == 2; }));
-    EXPECT_EQ(answers.back(), HotKeys::eventHotKeyInvalidErr);
-    EXPECT_FALSE(keys->isTrusted());
-    portal = std::make_unique<FakeShortcutsPortal>();
-    ASSERT_TRUE(eventually([this] { return answers.size() == 3; }));
-    EXPECT_EQ(answers.back(), HotKeys::noErr);
-    EXPECT_EQ(portal->calls, (QStringList{QStringLiteral("version"), QStringLiteral("Register app.Quillstacks"),
-                                          QStringLiteral("CreateSession"),
-                                          QStringLiteral("BindShortcuts quick-access CTRL+SHIFT+space")}));
-    portal->press();
-    EXPECT_TRUE(eventually([this] { return presses.size() == 1; }));
-}
-
-TEST_F(PortalHotKey, aPortalThatComesAfterTheStartIsUsed) {
-    portal.reset();
-    start();
-    std::ignore = grab();
-    ASSERT_TRUE(eventually([this] { return answers.size() == 1; }));
-    portal = std::make_unique<FakeShortcutsPortal>();
-    EXPECT_TRUE(eventually([this] { return answers.size() == 2; }));
-    EXPECT_EQ(answers.back(), HotKeys::noErr);
-    EXPECT_TRUE(keys->isTrusted());
-}
-
-TEST_F(PortalHotKey, aDeclineOutlivesThePortalsRestart) {
-    portal->user = User::declines;
-    start();
-    std::ignore = grab();
-    ASSERT_TRUE(eventually([this] { return answers.size() == 1; }));
-    portal.reset();
-    ASSERT_TRUE(eventually([this] { return !keys->isSupported(); }));
-    portal = std::make_unique<FakeShortcutsPortal>();
-    ASSERT_TRUE(eventually([this] { return portal->count("Register") == 1; }));
-    settle();
-    EXPECT_FALSE(keys->isTrusted());
-    EXPECT_EQ(portal->count("CreateSession"), 0);
-}
-
-TEST_F(PortalHotKey, aSilentPortalHoldsNothingUpAndAnswersNothing) {
-    portal->isSilent = true;
-    start();
-    EXPECT_EQ(grab(), HotKeys::answerPending);
-    settle();
-    EXPECT_TRUE(answers.empty());
-    keys->release(1);
-    settle();
-    EXPECT_TRUE(answers.empty());
 }
 
 TEST_F(PortalHotKey, lettingGoAndRegisteringAtOnceDoesNothing) {
@@ -286,6 +162,22 @@ TEST_F(PortalHotKey, lettingGoEndsTheSessionSoThatTheKeyIsFree) {
     EXPECT_TRUE(portal->session.isEmpty());
 }
 
+TEST_F(PortalHotKey, aQuestionThatIsNotWantedAnyMoreIsTakenBack) {
+    portal->user = User::isAway;
+    start();
+    std::ignore = grab();
+    ASSERT_TRUE(eventually([this] { return portal->count("BindShortcuts") == 1; }));
+    keys->release(1);
+    EXPECT_EQ(grab(2, keyF5), HotKeys::answerPending);
+    ASSERT_TRUE(eventually([this] { return portal->count("BindShortcuts") == 2; }));
+    EXPECT_EQ(portal->count("Request.Close"), 1);
+    portal->answerBind(User::agrees);
+    EXPECT_TRUE(eventually([this] { return answers == std::vector{HotKeys::noErr}; }));
+    keys->release(2);
+    ASSERT_TRUE(eventually([this] { return portal->count("Session.Close") == 2; }));
+    EXPECT_EQ(portal->count("Request.Close"), 1) << "this one was answered";
+}
+
 TEST_F(PortalHotKey, anAnswerThatComesAfterTheReleaseIsNotTold) {
     portal->user = User::isAway;
     start();
@@ -309,6 +201,20 @@ TEST_F(PortalHotKey, takenAwayInTheDesktopsSettingsItIsLostUntilItIsGivenBack) {
     ASSERT_TRUE(eventually([this] { return answers.size() == 3; }));
     EXPECT_EQ(answers.back(), HotKeys::noErr);
     EXPECT_TRUE(keys->isTrusted());
+}
+
+TEST_F(PortalHotKey, takenAwayAndRegisteredAnewItKeepsTheSessionThatMayGetItBack) {
+    startAndBind();
+    portal->listShortcuts(false);
+    ASSERT_TRUE(eventually([this] { return answers.size() == 2; }));
+    keys->release(1);
+    EXPECT_EQ(grab(2), HotKeys::answerPending);
+    ASSERT_TRUE(eventually([this] { return answers.size() == 3; }));
+    EXPECT_EQ(answers.back(), HotKeys::eventHotKeyInvalidErr);
+    portal->listShortcuts(true);
+    ASSERT_TRUE(eventually([this] { return answers.size() == 4; }));
+    EXPECT_EQ(answers.back(), HotKeys::noErr);
+    EXPECT_EQ(portal->count("CreateSession"), 1);
 }
 
 TEST_F(PortalHotKey, aSessionThatThePortalEndsIsLost) {
