@@ -2,7 +2,7 @@
 read from the clipboard; then a library imported.
 
 tour.py FOLDER: the program is in QUILLSTACKS_PROGRAM; a picture of each step goes into the folder. Ends with 1 when a step
-fails, and says which.
+fails, and says which. TOUR_APPEARANCE is "dark" or "light"; without it the default counts.
 """
 import json
 import os
@@ -33,11 +33,16 @@ class Tour:
         self._home = Home(tempfile.mkdtemp(prefix="tour-", dir=os.environ["HOME"]))
         self._ollama = Ollama()
         self._home.preferences.parent.mkdir(mode=0o700)
-        self._home.preferences.write_text(json.dumps(self._ollama.preferences()))
+        self._home.preferences.write_text(json.dumps(self._ollama.preferences() | self._appearance()))
         self._count = 0
         self._step = "start the program"
         self._program = None
         self._other = None
+
+    @staticmethod
+    def _appearance():
+        wanted = os.environ.get("TOUR_APPEARANCE")
+        return {"appearanceMode": wanted} if wanted else {}
 
     def _begin(self, step):
         self._step = step

@@ -1,4 +1,6 @@
 """Controls by their accessible names: what a person with a screen reader has, a test has too."""
+import os
+
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -10,6 +12,7 @@ from .waiting import until  # noqa: E402
 Atspi.init()
 Atspi.set_timeout(4000, 15000)
 DEEPEST = 40
+SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
 
 def application(pid, limit=None):
@@ -61,9 +64,9 @@ class Control:
 
     @property
     def area(self):
-        """x, y, width and height on the screen."""
+        """x, y, width and height on the screen, in its own pixels; the toolkit tells its scaled ones."""
         box = self._node.get_extents(Atspi.CoordType.SCREEN)
-        return box.x, box.y, box.width, box.height
+        return tuple(round(each * SCALE) for each in (box.x, box.y, box.width, box.height))
 
     def click(self, times=1, button=1):
         x, y, width, height = until(lambda: self.area if min(self.area[2:]) > 0 else None, f"a place for {self}")
