@@ -10,6 +10,7 @@
 #   DESKTOP_WM      the window manager: "openbox --sm-disable" (the default), "xfwm4 --compositor=off", "none"
 #   DESKTOP_SCREEN  width x height x depth, by default 1440x900x24
 #   DESKTOP_ASSIST  "no" where nobody uses assistive tools: programs are as quick as that makes them, but out of reach
+#   DESKTOP_PREFIX  where Quillstacks is installed: its entry and its icons are found, and the bus can start it
 set -euo pipefail
 
 folder_setup() {
@@ -32,6 +33,9 @@ environment_setup() {
     export NO_AT_BRIDGE=0 GSETTINGS_BACKEND=memory LC_ALL=C.UTF-8
     unset QT_LINUX_ACCESSIBILITY_ALWAYS_ON
     [ "${DESKTOP_ASSIST:-yes}" = no ] || export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+    if [ -n "${DESKTOP_PREFIX:-}" ]; then
+        export PATH="$DESKTOP_PREFIX/bin:$PATH" XDG_DATA_DIRS="$DESKTOP_PREFIX/share:/usr/local/share:/usr/share"
+    fi
 }
 
 # Starts a part of the desktop, which then dies with this script, whatever ends the script.
@@ -60,6 +64,9 @@ start_bus() {
             grep -v '^SystemdService' "/usr/share/dbus-1/services/$service.service" >"$folder/services/$service.service"
         fi
     done
+    if [ -n "${DESKTOP_PREFIX:-}" ]; then
+        cp "$DESKTOP_PREFIX/share/dbus-1/services/app.Quillstacks.service" "$folder/services/"
+    fi
     cat >"$folder/bus.conf" <<CONF
 <!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -130,7 +137,7 @@ end() {
 }
 
 if [ $# -eq 0 ]; then
-    sed -n '2,12{s/^# \{0,1\}//;p}' "${BASH_SOURCE[0]}" >&2
+    sed -n '2,13{s/^# \{0,1\}//;p}' "${BASH_SOURCE[0]}" >&2
     exit 2
 fi
 

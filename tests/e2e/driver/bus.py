@@ -15,6 +15,11 @@ def _call(name, path, interface, method, arguments=None):
     return bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 20000, None).unpack()
 
 
+def start_programs_in(home):
+    """What the bus starts from now on has these folders."""
+    _call(*DBUS, "UpdateActivationEnvironment", GLib.Variant("(a{ss})", (home.environment(),)))
+
+
 def activate():
     """What a click on the program's icon does where the desktop file says DBusActivatable."""
     _call(NAME, PATH, INTERFACE, "Activate", GLib.Variant("(a{sv})", ({},)))

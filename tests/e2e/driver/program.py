@@ -6,7 +6,7 @@ import subprocess
 import tempfile
 from pathlib import Path
 
-from . import accessible, keyboard, windows
+from . import accessible, bus, keyboard, windows
 from .waiting import LIMIT, until
 
 JOURNAL = Path("/run/systemd/journal/socket")
@@ -42,40 +42,8 @@ class Home:
                 "XDG_CACHE_HOME": str(self.folder / "cache"), "XDG_STATE_HOME": str(self.folder / "state")}
 
 
-class Program:
-    """One process. Without a session bus it is out of the assistive tools' reach, but not of keys and windows."""
-
-    def __init__(self, path, home, session_bus=True, wrapper=(), welcome=False):
-        if not welcome:
-            home.skip_welcome()
-        environment = {**os.environ, **home.environment()}
-        if not session_bus:
-            environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={home.folder}/no-bus"
-        self._errors = tempfile.TemporaryFile("w+b")
-        self._process = subprocess.Popen([*wrapper, str(path)], env=environment, stdin=subprocess.DEVNULL,
-                                         stdout=subprocess.DEVNULL, stderr=self._errors)
-
-    pid = property(lambda self: self._process.pid)
-    is_running = property(lambda self: self._process.poll() is None)
-
-    @property
-    def errors(self):
-        """Everything on standard error so far."""
-        self._errors.seek(0)
-        return self._errors.read().decode("utf-8", "replace")
-
-    @property
-    def log(self):
-        """The log's lines so far: on standard error, or in the journal where there is one."""
-        text = self.errors
-        if JOURNAL.exists():
-            text += subprocess.run(["journalctl", "--quiet", "--output=cat", f"_PID={self.pid}"], capture_output=True,
-                                   text=True, check=False).stdout
-        return text
-
-    def logs(self, line, limit=None):
-        """Waits for a line of the log that holds this text."""
-        until(lambda: line in self.log, f"the log line “{line}”", limit)
+class Process:
+    """What a person has of a process, whoever started it; a subclass knows its pid."""
 
     @property
     def ui(self):
@@ -108,6 +76,58 @@ class Program:
 
     def wait_for_no_panel(self):
         windows.wait_gone(pid=self.pid, role=PANEL)
+
+
+class Activated(Process):
+    """The process that the session bus has started."""
+
+    def __init__(self):
+        self.pid = until(bus.owner, "the program's name on the bus")
+
+    @property
+    def is_running(self):
+        return Path(f"/proc/{self.pid}").exists()
+
+    def end(self):
+        if self.is_running:
+            os.kill(self.pid, signal.SIGTERM)
+            until(lambda: not self.is_running, "the program's end")
+
+
+class Program(Process):
+    """One that we start. Without a session bus it is out of the assistive tools' reach, but not of keys and windows."""
+
+    def __init__(self, path, home, session_bus=True, wrapper=(), welcome=False):
+        if not welcome:
+            home.skip_welcome()
+        environment = {**os.environ, **home.environment()}
+        if not session_bus:
+            environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={home.folder}/no-bus"
+        self._errors = tempfile.TemporaryFile("w+b")
+        self._process = subprocess.Popen([*wrapper, str(path)], env=environment, stdin=subprocess.DEVNULL,
+                                         stdout=subprocess.DEVNULL, stderr=self._errors)
+
+    pid = property(lambda self: self._process.pid)
+    is_running = property(lambda self: self._process.poll() is None)
+
+    @property
+    def errors(self):
+        """Everything on standard error so far."""
+        self._errors.seek(0)
+        return self._errors.read().decode("utf-8", "replace")
+
+    @property
+    def log(self):
+        """The log's lines so far: on standard error, or in the journal where there is one."""
+        text = self.errors
+        if JOURNAL.exists():
+            text += subprocess.run(["journalctl", "--quiet", "--output=cat", f"_PID={self.pid}"], capture_output=True,
+                                   text=True, check=False).stdout
+        return text
+
+    def logs(self, line, limit=None):
+        """Waits for a line of the log that holds this text."""
+        until(lambda: line in self.log, f"the log line “{line}”", limit)
 
     def wait_end(self, limit=None):
         """The exit status, once the process has ended by itself."""

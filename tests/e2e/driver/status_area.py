@@ -91,8 +91,12 @@ class StatusArea:
     def title(self, icon):
         return self._get(*icon, ITEM, "Title")
 
+    def icon_name(self, icon):
+        """The name in the icon theme; empty where the program draws the icon itself."""
+        return self._get(*icon, ITEM, "IconName")
+
     def has_picture(self, icon):
-        return bool(self._get(*icon, ITEM, "IconName") or self._get(*icon, ITEM, "IconPixmap"))
+        return bool(self.icon_name(icon) or self._get(*icon, ITEM, "IconPixmap"))
 
     def _menu(self, icon):
         return icon[0], self._get(*icon, ITEM, "Menu")
