@@ -86,6 +86,13 @@ class DebianPackage(unittest.TestCase):
                   for member in self.files if not member.isdir()}
         self.assertEqual(sums, wanted)
 
+    def test_software_centres_find_everything_in_its_place(self):
+        with tempfile.TemporaryDirectory() as folder:
+            subprocess.run(["dpkg-deb", "--extract", self.file, folder], check=True)
+            check = subprocess.run(["appstreamcli", "validate-tree", "--no-net", "--pedantic", folder],
+                                   capture_output=True, text=True)
+        self.assertEqual(check.returncode, 0, check.stdout)
+
     def test_its_changelog_begins_with_this_version(self):
         with tempfile.TemporaryDirectory() as folder:
             packed = Path(folder) / "changelog.gz"
