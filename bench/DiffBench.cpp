@@ -60,6 +60,11 @@ Lines changed(Lines lines, unsigned percent) {
     return lines;
 }
 
+Lines shuffled(Lines lines) {
+    std::shuffle(lines.begin(), lines.end(), std::mt19937(21));
+    return lines;
+}
+
 std::string joined(const Lines& lines) {
     std::string text;
     for (const std::string& line : lines) {
@@ -71,11 +76,13 @@ std::string joined(const Lines& lines) {
 
 /// Two texts, and the files that hold them.
 struct Pair {
-    Pair(std::size_t lines, unsigned percent)
+    /// By the arguments of a benchmark, see sizes().
+    explicit Pair(const benchmark::State& state)
         : folder(fs::temp_directory_path() / ("quillstacks-diff-" + std::to_string(getpid()))) {
-        const Lines source = realLines(lines);
+        const Lines source = realLines(static_cast<std::size_t>(state.range(0)));
+        const Lines target = changed(source, static_cast<unsigned>(state.range(1)));
         before = joined(source);
-        after = joined(changed(source, percent));
+        after = joined(state.range(2) != 0 ? shuffled(target) : target);
         fs::create_directories(folder);
         std::ofstream(folder / "before") << before;
         std::ofstream(folder / "after") << after;
@@ -100,7 +107,7 @@ std::vector<std::string_view> split(std::string_view text) {
 }
 
 void ours(benchmark::State& state) {
-    const Pair texts(static_cast<std::size_t>(state.range(0)), static_cast<unsigned>(state.range(1)));
+    const Pair texts(state);
     std::size_t differences = 0;
     for (auto _ : state) {
         const Differ::Diff diff = Differ::diff(split(texts.before), split(texts.after));
@@ -111,7 +118,7 @@ void ours(benchmark::State& state) {
 }
 
 void oursWithMoves(benchmark::State& state) {
-    const Pair texts(static_cast<std::size_t>(state.range(0)), static_cast<unsigned>(state.range(1)));
+    const Pair texts(state);
     for (auto _ : state) {
         const auto diff = Differ::extendedDiff(split(texts.before), split(texts.after));
         benchmark::DoNotOptimize(diff.elements.data());
@@ -136,7 +143,7 @@ bool runs(std::vector<std::string> command) {
 }
 
 void peer(benchmark::State& state, const std::vector<std::string>& command) {
-    const Pair texts(static_cast<std::size_t>(state.range(0)), static_cast<unsigned>(state.range(1)));
+    const Pair texts(state);
     std::vector<std::string> full = command;
     full.push_back(texts.folder / "before");
     full.push_back(texts.folder / "after");
@@ -164,13 +171,16 @@ void gitStart(benchmark::State& state) {
 }
 BENCHMARK(gitStart)->UseRealTime()->Unit(benchmark::kMillisecond);
 
-/// {lines, per cent changed}
+/// {lines, per cent changed, whether all are in another order}
 void sizes(benchmark::internal::Benchmark* benchmark) {
-    benchmark->ArgNames({"lines", "changed"})->UseRealTime()->Unit(benchmark::kMillisecond);
+    benchmark->ArgNames({"lines", "changed", "shuffled"})->UseRealTime()->Unit(benchmark::kMillisecond);
     for (const int percent : {0, 1, 10, 100}) {
         for (const int lines : {1000, 5000, 20000}) {
-            benchmark->Args({lines, percent});
+            benchmark->Args({lines, percent, 0});
         }
+    }
+    for (const int lines : {1000, 5000, 20000}) {
+        benchmark->Args({lines, 0, 1});
     }
 }
 BENCHMARK(ours)->Apply(sizes);

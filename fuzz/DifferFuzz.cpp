@@ -3,6 +3,7 @@
 
 #include "Differ/Differ.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -43,6 +44,31 @@ std::vector<std::string> lines(const std::string& text) {
     return result;
 }
 
+/// The matches of the plain search, and those that the search by pairs finds, which diff() turns to in long sequences.
+using Matches = std::vector<std::pair<Differ::Index, Differ::Index>>;
+
+Matches plainMatches(const std::string& source, const std::string& target) {
+    Matches matches;
+    for (const Differ::Trace& trace : Differ::diffTraces(source, target)) {
+        if (trace.isMatch()) {
+            matches.emplace_back(trace.from.x, trace.from.y);
+        }
+    }
+    return matches;
+}
+
+Matches pairedMatches(const std::vector<std::string>& source, const std::vector<std::string>& target) {
+    namespace detail = Differ::detail;
+    const detail::CommonElements common({detail::Indexed(source), detail::Indexed(target), 0});
+    Matches matches;
+    detail::PairSearch(common).run([&](Differ::Index x, Differ::Index y) {
+        matches.emplace_back(common.source.places[static_cast<std::size_t>(x)],
+                             common.target.places[static_cast<std::size_t>(y)]);
+    });
+    std::reverse(matches.begin(), matches.end());
+    return matches;
+}
+
 template <class Steps>
 std::string applied(const Steps& steps, std::string content) {
     for (const auto& step : steps) {
@@ -72,6 +98,7 @@ void check(const std::string& source, const std::string& target, std::uint8_t se
     const Diff diff = Differ::diff(source, target);
     REQUIRE(diff == plainDiff(source, target));
     REQUIRE(diff == Differ::diff(lines(source), lines(target)));
+    REQUIRE(pairedMatches(lines(source), lines(target)) == plainMatches(source, target));
     const ExtendedDiff extended = Differ::extendedDiff(source, target);
     REQUIRE(extended == Differ::extendedDiff(lines(source), lines(target)));
     REQUIRE(applied(Differ::patch(source, target), source) == target);

@@ -8,7 +8,8 @@ namespace Differ {
 
 /// Pairs each deletion of a ready diff with an insertion of an equal element, or the other way round, into one move.
 /// The pairing is greedy: an element pairs with the earliest later partner that is free, and nothing later is weighed
-/// against it. `isEqual` is the predicate that the diff was made with; both sequences are unchanged since.
+/// against it. `isEqual` is the predicate that the diff was made with; both sequences are unchanged since. A
+/// position that they don't have ends the process.
 ///
 /// With a predicate O(D²) comparisons for D elements, without one O(D) for elements with a std::hash.
 template <Sequence Source, Sequence Target, class IsEqual = Equality>
@@ -21,7 +22,7 @@ constexpr ExtendedDiff extendedDiff(const Diff& diff, Source&& source, Target&& 
             return detail::pairMovesByNumber(diff, from, to);
         }
     }
-    const auto isSame = [&](Index x, Index y) { return static_cast<bool>(isEqual(from[x], to[y])); };
+    const auto isSame = [&](Index x, Index y) { return static_cast<bool>(isEqual(from.at(x), to.at(y))); };
     return detail::MovePairing(diff).run(detail::TestedPartners(diff, isSame));
 }
 

@@ -12,7 +12,7 @@ template <class P, class Element>
 concept ElementOrder = std::predicate<P&, const Element&, const Element&>;
 
 /// The steps of a ready diff in its own order. Applied one after the other to the source they give `target`, the
-/// sequence that the diff was made with. O(D) for D elements.
+/// sequence that the diff was made with; a position that it doesn't have ends the process. O(D) for D elements.
 template <Sequence Source, Sequence Target>
 constexpr std::vector<Patch<std::ranges::range_value_t<Target>>> patch(const Diff& diff, Source&&, Target&& target) {
     return detail::patchInPathOrder(diff, detail::Indexed(target));

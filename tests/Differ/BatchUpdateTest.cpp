@@ -50,6 +50,71 @@ TEST(BatchUpdate, everyPositionPassesThroughTheTransform) {
     EXPECT_EQ(update.moves, (std::vector<BatchUpdate::MoveStep>{{{13, 7}, {10, 7}}}));
 }
 
+/// All at once, as a view does it: what goes is taken out by the places before, what comes is put in by those after.
+std::string appliedAtOnce(const BatchUpdate& update, const std::string& source, const std::string& target) {
+    std::vector<bool> leaves(source.size());
+    std::map<Index, char> comes;
+    for (const IndexPath& path : update.deletions) {
+        leaves[static_cast<std::size_t>(path.item)] = true;
+    }
+    for (const IndexPath& path : update.insertions) {
+        comes[path.item] = target[static_cast<std::size_t>(path.item)];
+    }
+    for (const BatchUpdate::MoveStep& move : update.moves) {
+        leaves[static_cast<std::size_t>(move.from.item)] = true;
+        comes[move.to.item] = source[static_cast<std::size_t>(move.from.item)];
+    }
+    std::string result;
+    for (std::size_t place = 0; place < source.size(); ++place) {
+        if (!leaves[place]) {
+            result += source[place];
+        }
+    }
+    for (const auto& [place, letter] : comes) {
+        result.insert(static_cast<std::size_t>(place), 1, letter);
+    }
+    return result;
+}
+
+TEST(BatchUpdateProperties, allItsChangesAtOnceGiveTheTarget) {
+    Random random(36);
+    for (int round = 0; round < 1000; ++round) {
+        const int letters = 1 + upTo(random, 12);
+        const std::string source = randomWord(random, 40, letters);
+        const std::string target = edited(random, source, upTo(random, 25), letters);
+        const BatchUpdate update(extendedDiff(source, target));
+        ASSERT_EQ(appliedAtOnce(update, source, target), target) << source;
+        ASSERT_EQ(update.empty(), source == target);
+    }
+}
+
+TEST(BatchUpdateProperties, noPlaceIsNamedTwice) {
+    Random random(37);
+    for (int round = 0; round < 500; ++round) {
+        const std::string source = randomWord(random, 40, 4);
+        const BatchUpdate update(extendedDiff(source, edited(random, source, upTo(random, 25), 4)));
+        std::unordered_set<IndexPath> before(update.deletions.begin(), update.deletions.end());
+        std::unordered_set<IndexPath> after(update.insertions.begin(), update.insertions.end());
+        for (const BatchUpdate::MoveStep& move : update.moves) {
+            before.insert(move.from);
+            after.insert(move.to);
+        }
+        ASSERT_EQ(before.size(), update.deletions.size() + update.moves.size());
+        ASSERT_EQ(after.size(), update.insertions.size() + update.moves.size());
+    }
+}
+
+TEST(BatchUpdate, theTransformIsAskedOnceForEachPosition) {
+    int asked = 0;
+    const auto counting = [&](IndexPath path) {
+        ++asked;
+        return path;
+    };
+    const BatchUpdate update(extendedDiff("abcdef"sv, "dbxceg"sv), counting); // M(3,0) D(0) I(2) D(5) I(5)
+    EXPECT_EQ(asked, 6);
+    EXPECT_EQ(update, BatchUpdate(extendedDiff("abcdef"sv, "dbxceg"sv)));
+}
+
 using E = NestedExtendedDiff::Element;
 
 NestedExtendedDiff everyKind() {

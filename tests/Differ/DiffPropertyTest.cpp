@@ -90,6 +90,45 @@ TEST(DiffProperties, deletionsAndInsertionsEachRise) {
     }
 }
 
+TEST(DiffProperties, betweenTwoMatchesTheDeletionsGoFirst) {
+    Random random(38);
+    for (int round = 0; round < 500; ++round) {
+        const std::string source = randomWord(random, 60, 4);
+        bool hasInsertion = false;
+        for (const Trace& trace : diffTraces(source, edited(random, source, upTo(random, 30), 4))) {
+            hasInsertion = !trace.isMatch() && (hasInsertion || trace.isInsertion());
+            ASSERT_FALSE(hasInsertion && trace.isDeletion());
+        }
+    }
+}
+
+TEST(DiffProperties, theWayBackIsAsLong) {
+    Random random(39);
+    for (int round = 0; round < 500; ++round) {
+        const std::string source = randomWord(random, 60, 6);
+        const std::string target = randomWord(random, 60, 6);
+        const Diff back = diff(target, source);
+        ASSERT_EQ(back.size(), diff(source, target).size());
+        ASSERT_EQ(applied(back, target, source), source);
+    }
+}
+
+TEST(DiffProperties, whatBothBeginWithShiftsThePositionsAndNothingElse) {
+    Random random(40);
+    for (int round = 0; round < 300; ++round) {
+        const std::string source = randomWord(random, 40, 4);
+        const std::string target = randomWord(random, 40, 4);
+        const std::string begin = randomWord(random, 20, 4);
+        Diff expected;
+        for (const auto element : diff(source, target)) {
+            const Index at = element.at() + static_cast<Index>(begin.size());
+            expected.elements.push_back(element.isDeletion() ? Diff::Element::deleteAt(at)
+                                                             : Diff::Element::insertAt(at));
+        }
+        ASSERT_EQ(diff(begin + source, begin + target), expected) << begin << ' ' << source << ' ' << target;
+    }
+}
+
 TEST(DiffProperties, aThousandLinesWithATenthChangedAreThePlainFormsResult) {
     Random random(8);
     Lines source;

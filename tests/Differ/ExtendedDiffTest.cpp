@@ -134,6 +134,44 @@ TEST(ExtendedDiff, isACollectionOfItsElements) {
     EXPECT_EQ(result, extendedDiff("abc"sv, "cad"sv));
 }
 
+TEST(ExtendedDiffDeathTest, aReadyDiffOfOtherSequencesEndsTheProcess) {
+    const Diff beyond{Diff::Element::deleteAt(0), Diff::Element::insertAt(2)};
+    EXPECT_DEATH(static_cast<void>(extendedDiff(beyond, "ab"sv, "ba"sv)), "Fatal error: file Differ/Diff");
+    const std::vector<std::string> lines{"a", "b"};
+    EXPECT_DEATH(static_cast<void>(extendedDiff(beyond, lines, lines)), "Fatal error: file Differ/Diff");
+    const Diff before{Diff::Element::deleteAt(-1), Diff::Element::insertAt(0)};
+    EXPECT_DEATH(static_cast<void>(extendedDiff(before, "ab"sv, "ba"sv)), "Fatal error: file Differ/Diff");
+}
+
+TEST(ExtendedDiff, aReadyDiffNeedNotBeTheShortest) {
+    // Each element out and in again: they all pair.
+    Diff whole;
+    for (Index at = 0; at < 3; ++at) {
+        whole.elements.push_back(Diff::Element::deleteAt(at));
+        whole.elements.push_back(Diff::Element::insertAt(at));
+    }
+    EXPECT_EQ(text(extendedDiff(whole, "abc"sv, "abc"sv)), "M(0,0) M(1,1) M(2,2)");
+    EXPECT_EQ(extendedDiff(whole, "abc"sv, "abc"sv).moveIndices, (IndexSet{0, 2, 4}));
+}
+
+TEST(ExtendedDiff, aPredicateThatIsNoEqualityPairsByItAlone) {
+    const auto sameLetter = [](char a, char b) { return std::tolower(a) == std::tolower(b); };
+    EXPECT_EQ(text(extendedDiff("aB"sv, "bA"sv, sameLetter)), "M(0,1)");
+    EXPECT_EQ(text(extendedDiff("aB"sv, "bA"sv)), "D(0) D(1) I(0) I(1)");
+    EXPECT_EQ(text(extendedDiff("ab"sv, "ab"sv, [](char, char) { return false; })), "D(0) D(1) I(0) I(1)");
+}
+
+TEST(ExtendedDiff, ofManyEqualElementsEachIsUsedOnce) {
+    // D(0) D(1) D(2) … I(…): three of one letter go, two come.
+    const Diff ready{Diff::Element::deleteAt(0), Diff::Element::deleteAt(1), Diff::Element::deleteAt(2),
+                     Diff::Element::insertAt(1), Diff::Element::insertAt(2)};
+    const ExtendedDiff result = extendedDiff(ready, "aaab"sv, "baa"sv);
+    EXPECT_EQ(text(result), "M(0,1) M(1,2) D(2)");
+    EXPECT_EQ(result.sourceIndex, (Indices{0, 3, 1, 4, 2}));
+    EXPECT_EQ(result.reorderedIndex, (Indices{0, 2, 4, 1, 3}));
+    EXPECT_EQ(result.moveIndices, (IndexSet{0, 1}));
+}
+
 TEST(ExtendedDiffDeathTest, aMatchThatIsNoMoveEndsTheProcess) {
     const Diff plain{Diff::Element::deleteAt(0), Diff::Element::insertAt(0)};
     EXPECT_DEATH(detail::MovePairing(plain).accept(0, 1, E::insertAt(0)),
@@ -217,6 +255,22 @@ TEST(ExtendedDiffProperties, holdForRandomTexts) {
         const std::string source = randomWord(random, 60, letters);
         ASSERT_NO_FATAL_FAILURE(check(source, edited(random, source, upTo(random, 20), letters)));
         ASSERT_NO_FATAL_FAILURE(check(source, randomWord(random, 60, letters)));
+    }
+}
+
+TEST(ExtendedDiffProperties, theIndexFieldsAreInverseToEachOther) {
+    Random random(33);
+    for (int round = 0; round < 500; ++round) {
+        const std::string source = randomWord(random, 40, 5);
+        const ExtendedDiff result = extendedDiff(source, edited(random, source, upTo(random, 25), 5));
+        const auto moves = std::ranges::count(result, E::Kind::move, &E::kind);
+        ASSERT_EQ(result.sourceIndex.size(), result.source.size());
+        ASSERT_EQ(result.sourceIndex.size(), result.size() + static_cast<std::size_t>(moves));
+        ASSERT_EQ(result.moveIndices.size(), static_cast<std::size_t>(moves));
+        for (std::size_t place = 0; place < result.sourceIndex.size(); ++place) {
+            const auto index = static_cast<std::size_t>(result.sourceIndex[place]);
+            ASSERT_EQ(result.reorderedIndex.at(index), static_cast<Index>(place));
+        }
     }
 }
 

@@ -53,6 +53,73 @@ TEST(ExtendedPatch, aMoveWhoseInsertionIsNamedFirstIsAppliedAsAnyOther) {
     EXPECT_EQ(applied(extendedPatch("aab"sv, "ccbaa"sv, movesFirst), std::string("aab")), "ccbaa");
 }
 
+/// The patch with each position counted anew; a move takes out, and then puts in.
+std::vector<Step> patchByHand(const std::string& source, const std::string& target, auto isBefore) {
+    const ExtendedDiff extended = extendedDiff(source, target);
+    std::vector<Index> order(extended.size());
+    std::iota(order.begin(), order.end(), Index{0});
+    std::ranges::stable_sort(order, [&](Index a, Index b) { return isBefore(extended[a], extended[b]); });
+    SequenceOnItsWay sequence(source, target);
+    std::vector<Step> steps;
+    for (const Index place : order) {
+        const E element = extended[place];
+        const auto movesBefore = std::count_if(extended.begin(), extended.begin() + place,
+                                               [](const E& earlier) { return earlier.kind() == Kind::move; });
+        const auto entry = extended.sourceIndex.begin() + place + movesBefore;
+        if (element.kind() == Kind::deletion) {
+            steps.push_back(Step::deletion(sequence.apply(*entry)));
+        } else if (element.kind() == Kind::insertion) {
+            steps.push_back(Step::insertion(sequence.apply(*entry), target[static_cast<std::size_t>(element.at())]));
+        } else {
+            const bool isDeletionFirst = extended.source[*entry].isDeletion();
+            const Index from = sequence.apply(isDeletionFirst ? *entry : *(entry + 1));
+            steps.push_back(Step::move(from, sequence.apply(isDeletionFirst ? *(entry + 1) : *entry)));
+        }
+    }
+    return steps;
+}
+
+TEST(ExtendedPatchProperties, positionsAreThoseOfTheMomentInAnyOrder) {
+    Random random(31);
+    for (int round = 0; round < 1000; ++round) {
+        const int letters = 1 + upTo(random, 12);
+        const std::string source = randomWord(random, 30, letters);
+        const std::string target = edited(random, source, upTo(random, 20), letters);
+        const auto never = [](const E&, const E&) { return false; };
+        const auto highestFirst = [](const E& a, const E& b) { return a.to() > b.to(); };
+        ASSERT_EQ(extendedPatch(source, target), patchByHand(source, target, never)) << source << ' ' << target;
+        ASSERT_EQ(extendedPatch(source, target, movesFirst), patchByHand(source, target, movesFirst));
+        ASSERT_EQ(extendedPatch(source, target, movesLast), patchByHand(source, target, movesLast));
+        ASSERT_EQ(extendedPatch(source, target, highestFirst), patchByHand(source, target, highestFirst));
+    }
+}
+
+TEST(ExtendedPatchProperties, thePatchBackUndoesIt) {
+    Random random(32);
+    for (int round = 0; round < 500; ++round) {
+        const std::string source = randomWord(random, 40, 6);
+        const std::string target = edited(random, source, upTo(random, 15), 6);
+        const std::string there = applied(extendedPatch(source, target, movesLast), source);
+        ASSERT_EQ(applied(extendedPatch(target, source, movesFirst), there), source);
+    }
+}
+
+TEST(ExtendedPatch, ofAReversedListKeepsOneElementAndMovesTheOthers) {
+    std::vector<int> source(200);
+    std::iota(source.begin(), source.end(), 0);
+    const std::vector<int> target(source.rbegin(), source.rend());
+    const auto steps = extendedPatch(source, target);
+    EXPECT_EQ(steps.size(), 199U);
+    EXPECT_TRUE(
+        std::ranges::all_of(steps, [](const auto& step) { return step.kind() == ExtendedPatch<int>::Kind::move; }));
+    EXPECT_EQ(applied(steps, source), target);
+}
+
+TEST(ExtendedPatchDeathTest, aReadyDiffOfOtherSequencesEndsTheProcess) {
+    const ExtendedDiff ready = extendedDiff("ab"sv, "abcd"sv);
+    EXPECT_DEATH(static_cast<void>(extendedPatch(ready, "ab"sv, "abc"sv)), "Fatal error: file Differ/Diff");
+}
+
 TEST(BoxedDiffAndPatchElement, carriesADiffElementWithItsOneOrTwoSteps) {
     using Box = BoxedDiffAndPatchElement<char>;
     const SortedPatchElement<char> deletion{Patch<char>::deletion(1), 0, 0};

@@ -1,5 +1,8 @@
 #include "Support.h"
 
+#include <array>
+#include <tuple>
+
 namespace {
 
 using namespace DifferTest;
@@ -47,6 +50,97 @@ TEST(NestedExtendedDiff, itemsByAPredicate) {
               (Elements{E::moveSection(0, 1)}));
     EXPECT_EQ(nestedExtendedDiff(Sections{"Aab"}, Sections{"ABA"}, sameName, sameLetter).elements,
               (Elements{E::moveElement({1, 0}, {2, 0})}));
+}
+
+TEST(NestedExtendedDiff, atCompileTime) {
+    using Two = std::array<std::string_view, 2>;
+    static_assert(nestedExtendedDiff(Two{"ab", "cd"}, Two{"cd", "ab"}).elements == Elements{E::moveSection(0, 1)});
+    static_assert(nestedDiff(Two{"ab", "cd"}, Two{"ab", "cx"}).elements.size() == 2);
+    static_assert(NestedBatchUpdate(nestedExtendedDiff(Two{"ab", "cd"}, Two{"cd", "ab"})).sectionMoves.size() == 1);
+}
+
+/// The slow way: the sections by an extended diff, and each that is on its path by one of its own.
+Elements byHand(const Sections& source, const Sections& target, auto isEqualSection) {
+    Elements elements;
+    for (const auto element : extendedDiff(source, target, isEqualSection)) {
+        using Kind = ExtendedDiff::Element::Kind;
+        elements.push_back(element.kind() == Kind::move       ? E::moveSection(element.from(), element.to())
+                           : element.kind() == Kind::deletion ? E::deleteSection(element.at())
+                                                              : E::insertSection(element.at()));
+    }
+    for (const Trace& trace : diffTraces(source, target, isEqualSection)) {
+        if (!trace.isMatch()) {
+            continue;
+        }
+        const Index x = trace.from.x;
+        const Index y = trace.from.y;
+        const auto items = extendedDiff(source[static_cast<std::size_t>(x)], target[static_cast<std::size_t>(y)]);
+        for (const auto element : items) {
+            using Kind = ExtendedDiff::Element::Kind;
+            elements.push_back(element.kind() == Kind::move ? E::moveElement({element.from(), x}, {element.to(), y})
+                               : element.kind() == Kind::deletion ? E::deleteElement(element.at(), x)
+                                                                  : E::insertElement(element.at(), y));
+        }
+    }
+    return elements;
+}
+
+Sections randomSections(Random& random, int names) {
+    Sections sections(static_cast<std::size_t>(upTo(random, 8)));
+    for (std::string& section : sections) {
+        section = static_cast<char>('A' + upTo(random, names - 1)) + randomWord(random, 8, 4);
+    }
+    return sections;
+}
+
+TEST(NestedExtendedDiffProperties, isTheSectionsDiffAndOneOfEachSectionOnItsPath) {
+    Random random(34);
+    for (int round = 0; round < 1500; ++round) {
+        const int names = 1 + upTo(random, 6);
+        const Sections source = randomSections(random, names);
+        const Sections target = randomSections(random, names);
+        ASSERT_EQ(nestedExtendedDiff(source, target, sameName).elements, byHand(source, target, sameName));
+        ASSERT_EQ(nestedExtendedDiff(source, target).elements, byHand(source, target, Equality{}));
+    }
+}
+
+TEST(NestedExtendedDiffProperties, withItsMovesTakenApartIsTheNestedDiff) {
+    Random random(35);
+    for (int round = 0; round < 1000; ++round) {
+        const Sections source = randomSections(random, 4);
+        const Sections target = randomSections(random, 4);
+        std::vector<NestedDiff::Element> plain = nestedDiff(source, target, sameName).elements;
+        std::vector<NestedDiff::Element> apart;
+        using P = NestedDiff::Element;
+        for (const E& element : nestedExtendedDiff(source, target, sameName).elements) {
+            const IndexPath from = element.from();
+            const IndexPath to = element.to();
+            switch (element.kind()) {
+            case E::Kind::moveSection:
+                apart.push_back(P::insertSection(to.section));
+                [[fallthrough]];
+            case E::Kind::deleteSection:
+                apart.push_back(P::deleteSection(from.section));
+                break;
+            case E::Kind::insertSection:
+                apart.push_back(P::insertSection(to.section));
+                break;
+            case E::Kind::moveElement:
+                apart.push_back(P::insertElement(to.item, to.section));
+                [[fallthrough]];
+            case E::Kind::deleteElement:
+                apart.push_back(P::deleteElement(from.item, from.section));
+                break;
+            case E::Kind::insertElement:
+                apart.push_back(P::insertElement(to.item, to.section));
+                break;
+            }
+        }
+        const auto key = [](const P& element) { return std::tuple(element.kind(), element.section(), element.item()); };
+        std::ranges::sort(plain, {}, key);
+        std::ranges::sort(apart, {}, key);
+        ASSERT_EQ(apart, plain);
+    }
 }
 
 TEST(NestedExtendedDiff, elementsTellTheirPlaces) {

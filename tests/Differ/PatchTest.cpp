@@ -1,5 +1,7 @@
 #include "Support.h"
 
+#include <forward_list>
+#include <list>
 #include <numeric>
 
 namespace {
@@ -62,6 +64,62 @@ TEST(Patch, aLowStepThatHidesAHighOneStillCorrectsIt) {
     const auto thirdFirstSecond = [](const E& a, const E& b) { return (a.at() + 1) % 3 < (b.at() + 1) % 3; };
     EXPECT_EQ(text(patch("abcd"sv, "d"sv)), "D(0) D(0) D(0)");
     EXPECT_EQ(text(patch("abcd"sv, "d"sv, thirdFirstSecond)), "D(2) D(0) D(0)");
+}
+
+/// The patch with each position counted anew.
+std::vector<Step> patchByHand(const std::string& source, const std::string& target, auto isBefore) {
+    const Diff plain = diff(source, target);
+    std::vector<Index> order(plain.size());
+    std::iota(order.begin(), order.end(), Index{0});
+    std::ranges::stable_sort(order, [&](Index a, Index b) { return isBefore(plain[a], plain[b]); });
+    SequenceOnItsWay sequence(source, target);
+    std::vector<Step> steps;
+    for (const Index index : order) {
+        const E element = plain[index];
+        const Index position = sequence.apply(index);
+        steps.push_back(element.isDeletion()
+                            ? Step::deletion(position)
+                            : Step::insertion(position, target[static_cast<std::size_t>(element.at())]));
+    }
+    return steps;
+}
+
+TEST(PatchProperties, positionsAreThoseOfTheMomentInAnyOrder) {
+    Random random(28);
+    for (int round = 0; round < 1000; ++round) {
+        const int letters = 1 + upTo(random, 8);
+        const std::string source = randomWord(random, 30, letters);
+        const std::string target = edited(random, source, upTo(random, 20), letters);
+        const auto never = [](const E&, const E&) { return false; };
+        const auto highestFirst = [](const E& a, const E& b) { return a.at() > b.at(); };
+        const int modulus = 2 + upTo(random, 5);
+        const auto byRest = [&](const E& a, const E& b) { return a.at() % modulus < b.at() % modulus; };
+        ASSERT_EQ(patch(source, target), patchByHand(source, target, never)) << source << ' ' << target;
+        ASSERT_EQ(patch(source, target, deletionsFirst), patchByHand(source, target, deletionsFirst));
+        ASSERT_EQ(patch(source, target, insertionsFirst), patchByHand(source, target, insertionsFirst));
+        ASSERT_EQ(patch(source, target, highestFirst), patchByHand(source, target, highestFirst));
+        ASSERT_EQ(patch(source, target, byRest), patchByHand(source, target, byRest)) << source << ' ' << target;
+    }
+}
+
+TEST(PatchProperties, thePatchBackUndoesIt) {
+    Random random(29);
+    for (int round = 0; round < 500; ++round) {
+        const std::string source = randomWord(random, 40, 6);
+        const std::string target = edited(random, source, upTo(random, 15), 6);
+        const std::string there = applied(patch(source, target, insertionsFirst), source);
+        ASSERT_EQ(applied(patch(target, source, deletionsFirst), there), source);
+        ASSERT_EQ(patch(source, target).size(), patch(target, source).size());
+    }
+}
+
+TEST(PatchProperties, aPatchOfAPatchedSequenceIsEmpty) {
+    Random random(30);
+    for (int round = 0; round < 300; ++round) {
+        const std::string source = randomWord(random, 40, 6);
+        const std::string target = randomWord(random, 40, 6);
+        ASSERT_TRUE(patch(applied(patch(source, target), source), target).empty());
+    }
 }
 
 /// Every order there is of up to six steps.
@@ -135,6 +193,39 @@ TEST(Patch, aLongOneInReverseOrder) {
         return std::pair(a.isInsertion(), a.at()) > std::pair(b.isInsertion(), b.at());
     };
     EXPECT_EQ(applied(patch(source, target, reversed), source), target);
+}
+
+TEST(Patch, canBeAppliedInPart) {
+    // Whatever order is asked for: what is not done yet changes nothing.
+    const auto steps = patch("kitten"sv, "sitting"sv, deletionsFirst);
+    EXPECT_EQ(applied(std::vector(steps.begin(), steps.begin() + 2), std::string("kitten")), "ittn");
+    EXPECT_EQ(applied(std::vector(steps.begin(), steps.begin() + 3), std::string("kitten")), "sittn");
+}
+
+TEST(Patch, anyForwardRangeWillDo) {
+    const std::list<std::string> source{"a", "b"};
+    const std::forward_list<std::string> target{"b", "c"};
+    const auto steps = patch(source, target);
+    ASSERT_EQ(text(steps), "D(0) I(1)");
+    EXPECT_EQ(steps[1].element(), "c");
+    EXPECT_EQ(text(patch(source, target, insertionsFirst)), "I(2) D(0)");
+}
+
+TEST(Patch, theStepsOwnWhatTheyInsert) {
+    std::vector<Patch<std::string>> steps;
+    {
+        const std::vector<std::string> target{"a text too long to be kept within the string itself"};
+        steps = patch(std::vector<std::string>{}, target);
+    }
+    ASSERT_EQ(steps.size(), 1U);
+    EXPECT_EQ(steps[0].element(), "a text too long to be kept within the string itself");
+}
+
+TEST(PatchDeathTest, aReadyDiffOfOtherSequencesEndsTheProcess) {
+    const Diff beyond{E::insertAt(3)};
+    EXPECT_DEATH(static_cast<void>(patch(beyond, "abc"sv, "abd"sv)), "Fatal error: file Differ/Diff");
+    EXPECT_DEATH(static_cast<void>(patch(Diff{E::insertAt(-1)}, "abc"sv, "abd"sv)), "Fatal error: file Differ/Diff");
+    EXPECT_DEATH(static_cast<void>(patch(beyond, "abc"sv, "abd"sv, deletionsFirst)), "Fatal error");
 }
 
 TEST(PatchDeathTest, aStepThatPassesItselfIsACycleAndEndsTheProcess) {

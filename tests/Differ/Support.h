@@ -201,4 +201,30 @@ Diff plainDiff(const Source& source, const Target& target, IsEqual isEqual = {})
     return result;
 }
 
+/// A sequence on its way from a source to a target: all that was or will be in it, in path order. It tells where a
+/// step acts at any moment by counting what is there before it.
+class SequenceOnItsWay {
+public:
+    template <class Source, class Target>
+    SequenceOnItsWay(const Source& source, const Target& target) {
+        for (const Trace& trace : diffTraces(source, target)) {
+            if (!trace.isMatch()) {
+                differences.push_back(isThere.size());
+            }
+            isThere.push_back(!trace.isInsertion());
+        }
+    }
+
+    /// Takes out or puts in the element that the diff's element `index` is about; gives its position.
+    Index apply(Index index) {
+        const std::size_t place = differences[static_cast<std::size_t>(index)];
+        isThere[place] = !isThere[place];
+        return std::count(isThere.begin(), isThere.begin() + static_cast<std::ptrdiff_t>(place), true);
+    }
+
+private:
+    std::vector<bool> isThere;
+    std::vector<std::size_t> differences; ///< of each element of the diff, its place
+};
+
 } // namespace DifferTest

@@ -38,6 +38,14 @@ public:
         }
     }
 
+    /// The same for a position that comes from outside; one that the sequence doesn't have ends the process.
+    constexpr decltype(auto) at(Index position) const {
+        if (position < 0 || position >= length) {
+            fatalError("Differ/Diff");
+        }
+        return (*this)[position];
+    }
+
 private:
     std::conditional_t<isDirect, Iterator, std::vector<Iterator>> place{};
     Index length = 0;

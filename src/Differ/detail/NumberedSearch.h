@@ -68,7 +68,7 @@ private:
     /// How many diagonals take about as long as the pairs would: some for each pair, and some for each element. Beyond
     /// so many pairs their memory would outgrow that of the rounds.
     [[nodiscard]] Index mostDiagonals() const {
-        constexpr Index diagonalsOfAPair = 8;
+        constexpr Index diagonalsOfAPair = 4;
         constexpr Index diagonalsOfAnElement = 32;
         constexpr Index mostPairs = Index{1} << 25;
         if (common.pairs > mostPairs) {

@@ -53,14 +53,12 @@ private:
         auto limit = ends.size();
         for (auto at = firstPlace[number]; at < firstPlace[number + 1]; ++at) {
             const ElementNumber y = places[static_cast<std::size_t>(at)];
-            const auto begin = ends.begin();
-            const auto found = std::lower_bound(begin, begin + static_cast<std::ptrdiff_t>(limit), y);
-            const auto length = static_cast<std::size_t>(found - begin);
+            const std::size_t length = firstNotBefore(y, limit);
             limit = length + 1;
             if (length == ends.size()) {
                 ends.push_back(y);
                 lasts.push_back(none);
-            } else if (*found == y) {
+            } else if (ends[length] == y) {
                 continue;
             }
             ends[length] = y;
@@ -71,6 +69,22 @@ private:
             matches.push_back({x, y, length == 0 ? none : lasts[length - 1]});
             lasts[length] = static_cast<Index>(matches.size()) - 1;
         }
+    }
+
+    /// The first of `ends` that isn't before y, of those below the limit, else the limit. Looks near the limit first:
+    /// an element with many equals asks for one place after the other.
+    [[nodiscard]] std::size_t firstNotBefore(ElementNumber y, std::size_t limit) const {
+        std::size_t high = limit;
+        std::size_t stride = 1;
+        while (high >= stride && ends[high - stride] >= y) {
+            high -= stride;
+            stride *= 2;
+        }
+        const std::size_t low = high >= stride ? high - stride + 1 : 0;
+        const auto begin = ends.begin();
+        return static_cast<std::size_t>(
+            std::lower_bound(begin + static_cast<std::ptrdiff_t>(low), begin + static_cast<std::ptrdiff_t>(high), y) -
+            begin);
     }
 
     const CommonElements& sides;

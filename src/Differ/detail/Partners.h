@@ -64,7 +64,8 @@ public:
     NumberedPartners(const Diff& ready, const Indexed<Source>& source, const Indexed<Target>& target) : diff(ready) {
         Interning<std::ranges::range_value_t<Source>> interning(static_cast<Index>(diff.size()));
         for (const Diff::Element element : diff) {
-            const Index number = interning.number(element.isDeletion() ? source[element.at()] : target[element.at()]);
+            const Index number =
+                interning.number(element.isDeletion() ? source.at(element.at()) : target.at(element.at()));
             queues.resize(std::max(queues.size(), static_cast<std::size_t>(number) + 1));
             Queue& queue = queues[static_cast<std::size_t>(number)][element.isDeletion() ? 0 : 1];
             queue.indices.push_back(static_cast<Index>(numbers.size()));

@@ -18,7 +18,7 @@ constexpr auto patchInPathOrder(const Diff& diff, const Indexed<Target>& target)
     Index shift = 0;
     for (const Diff::Element element : diff) {
         if (element.isInsertion()) {
-            steps.push_back(Patch<T>::insertion(element.at(), target[element.at()]));
+            steps.push_back(Patch<T>::insertion(element.at(), target.at(element.at())));
             ++shift;
         } else {
             steps.push_back(Patch<T>::deletion(element.at() + shift));

@@ -133,13 +133,17 @@ bool apply(const NestedBatchUpdate& update, QAbstractItemModel& model, FillSecti
     return apply(detail::sectionsOf(update), model, fillSection);
 }
 
-/// Changes the sections and items of a model that shows `oldData` to those of `newData`.
+/// Changes the sections and items of a model that shows `oldData` to those of `newData`. What is to be filled is named
+/// as the model has it, by the transforms.
 template <NestedSequence Old, NestedSequence New, RowFiller FillSection, ItemFiller FillItem,
-          class IsEqualSection = Equality, class IsEqualElement = Equality>
+          class IsEqualSection = Equality, class IsEqualElement = Equality,
+          IndexPathTransform PathTransform = std::identity, SectionTransform NumberTransform = std::identity>
 bool animateItemAndSectionChanges(QAbstractItemModel& model, Old&& oldData, New&& newData, FillSection fillSection,
                                   FillItem fillItem, IsEqualSection isEqualSection = {},
-                                  IsEqualElement isEqualElement = {}) {
-    const NestedBatchUpdate update(nestedExtendedDiff(oldData, newData, isEqualSection, isEqualElement));
+                                  IsEqualElement isEqualElement = {}, PathTransform indexPathTransform = {},
+                                  NumberTransform sectionTransform = {}) {
+    const NestedBatchUpdate update(nestedExtendedDiff(oldData, newData, isEqualSection, isEqualElement),
+                                   indexPathTransform, sectionTransform);
     return apply(update, model, fillSection, fillItem);
 }
 

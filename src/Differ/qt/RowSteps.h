@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Differ/BatchUpdate.h"
+#include "Differ/detail/Checked.h"
 
 #include <map>
 #include <vector>
@@ -31,6 +32,7 @@ public:
     }
 
     std::vector<RowStep> run() {
+        requireThatAllFits();
         removeDeleted();
         moveMoved();
         insertInserted();
@@ -47,10 +49,33 @@ private:
         return result;
     }
 
+    /// Each position once, and all of them below the count.
+    static void requirePositions(std::vector<Index> positions, Index count) {
+        std::ranges::sort(positions);
+        const bool isOutside = !positions.empty() && (positions.front() < 0 || positions.back() >= count);
+        if (isOutside || std::ranges::adjacent_find(positions) != positions.end()) {
+            fatalError("Differ/RowSteps");
+        }
+    }
+
+    /// A batch for another number of rows would leave the model in any state.
+    void requireThatAllFits() const {
+        std::vector<Index> leaving = rows(update.deletions);
+        std::vector<Index> coming = rows(update.insertions);
+        const auto rowCount = static_cast<Index>(order.size());
+        const Index countAfter = rowCount - static_cast<Index>(leaving.size()) + static_cast<Index>(coming.size());
+        for (const BatchUpdate::MoveStep& move : update.moves) {
+            leaving.push_back(move.from.item);
+            coming.push_back(move.to.item);
+        }
+        requirePositions(std::move(leaving), rowCount);
+        requirePositions(std::move(coming), countAfter);
+    }
+
     void removeDeleted() {
         const std::vector<Index> deleted = rows(update.deletions);
+        std::erase_if(order, [&](Index row) { return std::ranges::binary_search(deleted, row); });
         for (auto row = deleted.rbegin(); row != deleted.rend(); ++row) {
-            order.erase(order.begin() + *row);
             if (!steps.empty() && steps.back().first == *row + 1) {
                 steps.back().first = *row;
             } else {
@@ -120,8 +145,8 @@ private:
 
 } // namespace detail
 
-/// The batch as single steps for a list of `rowCount` rows, whose positions are items of the batch's index paths.
-/// O(rows) for each row that goes or moves.
+/// The batch as single steps for a list of `rowCount` rows, whose positions are items of the batch's index paths. A
+/// batch that doesn't fit so many rows ends the process. O(rows) for each row that moves, else O(rows log rows).
 [[nodiscard]] inline std::vector<RowStep> rowSteps(const BatchUpdate& update, Index rowCount) {
     return detail::RowSequence(update, rowCount).run();
 }

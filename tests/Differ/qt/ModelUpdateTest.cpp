@@ -78,6 +78,60 @@ TEST(AnimateRowChanges, anyListBecomesAnyOther) {
     }
 }
 
+TEST(AnimateRowChanges, everyRowThatStaysOrMovesIsFollowed) {
+    Random random(41);
+    for (int round = 0; round < 200; ++round) {
+        // Each letter once, so that a row is known by its text.
+        std::string source = "abcdefghijkl";
+        std::shuffle(source.begin(), source.end(), random);
+        std::string target = source.substr(0, static_cast<std::size_t>(upTo(random, 12)));
+        target += "xyz";
+        std::shuffle(target.begin(), target.end(), random);
+        ListCase list(source, target);
+        std::vector<QPersistentModelIndex> rows;
+        for (int row = 0; row < list.model.rowCount(); ++row) {
+            rows.emplace_back(list.model.index(row));
+        }
+        ASSERT_TRUE(list.run());
+        for (int row = 0; row < list.before.size(); ++row) {
+            const auto after = static_cast<int>(list.after.indexOf(list.before.at(row)));
+            ASSERT_EQ(rows.at(static_cast<std::size_t>(row)).row(), after) << source << ' ' << target;
+        }
+    }
+}
+
+TEST(AnimateRowChanges, onlyNewRowsAreFilledAndEachOnce) {
+    ListCase list("abcde", "xeabyz");
+    QList<int> filled;
+    ASSERT_TRUE(animateRowChanges(list.model, list.before, list.after, [&](int row) {
+        filled.append(row);
+        list.model.setData(list.model.index(row), list.after.at(row));
+    }));
+    EXPECT_EQ(filled, (QList<int>{0, 4, 5}));
+    EXPECT_EQ(list.model.stringList(), list.after);
+}
+
+TEST(AnimateRowChanges, tenThousandRowsNarrowedToHalfAndBack) {
+    QStringList all;
+    QStringList half;
+    for (int row = 0; row < 10'000; ++row) {
+        all.append(QString::number(row));
+        if (row % 2 == 1) {
+            half.append(all.last());
+        }
+    }
+    QStringListModel model(all);
+    const auto fillFrom = [&](const QStringList& list) {
+        return [&](int row) { model.setData(model.index(row), list.at(row)); };
+    };
+    QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    ASSERT_TRUE(animateRowChanges(model, all, half, fillFrom(half)));
+    EXPECT_EQ(model.stringList(), half);
+    EXPECT_EQ(removed.count(), 5000);
+    ASSERT_TRUE(animateRowChanges(model, half, all, fillFrom(all)));
+    EXPECT_EQ(model.stringList(), all);
+}
+
 TEST(AnimateRowChanges, rowsBelowAHeadingByTheTransform) {
     QStringListModel model({QStringLiteral("heading"), QStringLiteral("a"), QStringLiteral("b")});
     const QStringList after = lettersOf("bca");
@@ -232,6 +286,27 @@ TEST(AnimateItemAndSectionChanges, itemsAndSectionsComeGoAndMove) {
     check({"Aabc", "B"}, {"B", "Aabc"}, Equality{});
     check({}, {"Aab"}, sameName);
     check({"Aab"}, {}, sameName);
+}
+
+TEST(AnimateItemAndSectionChanges, belowAHeadingByTheTransforms) {
+    // The model has a section of its own at the top, and in each other section an item of its own.
+    SectionModel model({"!", "-ab", "-c"});
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const Sections before{"ab", "c"};
+    const Sections after{"bxa", "c", "d"};
+    const auto sameSection = [](const std::string& a, const std::string& b) {
+        return a.find_first_of(b) != std::string::npos;
+    };
+    std::vector<IndexPath> items;
+    ASSERT_TRUE(animateItemAndSectionChanges(
+        model, before, after, [&](int row) { model.fill(row, "-" + after.at(static_cast<std::size_t>(row) - 1)); },
+        [&](IndexPath path) { items.push_back(path); }, sameSection, Equality{},
+        [](IndexPath path) {
+            return IndexPath{path.item + 1, path.section + 1};
+        },
+        [](Index section) { return section + 1; }));
+    EXPECT_EQ(model.content(), (Sections{"!", "-b?a", "-c", "-d"}));
+    EXPECT_EQ(items, (std::vector<IndexPath>{{2, 1}}));
 }
 
 TEST(AnimateItemAndSectionChanges, anySectionsBecomeAnyOthers) {

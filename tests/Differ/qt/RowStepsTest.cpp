@@ -29,6 +29,42 @@ TEST(RowSteps, aMoveThatOnlyFollowsFromOtherChangesIsNone) {
     EXPECT_TRUE(between("abc", "abc").empty());
 }
 
+TEST(RowSteps, ofAnEmptyBatchAreNone) {
+    EXPECT_TRUE(rowSteps(BatchUpdate{}, 0).empty());
+    EXPECT_TRUE(rowSteps(BatchUpdate{}, 5).empty());
+}
+
+TEST(RowSteps, halfOfAHundredThousandRowsGoAtOnce) {
+    std::vector<int> source(100000);
+    std::vector<int> target;
+    for (int row = 0; row < 100000; ++row) {
+        source[static_cast<std::size_t>(row)] = row;
+        if (row % 4 < 2) {
+            target.push_back(row);
+        }
+    }
+    const auto steps = rowSteps(BatchUpdate(extendedDiff(source, target)), 100000);
+    ASSERT_EQ(steps.size(), 25000U);
+    EXPECT_EQ(steps.front(), (RowStep{Kind::remove, 99998, 99999}));
+    EXPECT_EQ(steps.back(), (RowStep{Kind::remove, 2, 3}));
+}
+
+TEST(RowStepsDeathTest, aBatchForOtherRowsEndsTheProcess) {
+    BatchUpdate beyond;
+    beyond.deletions = {{3, 0}};
+    EXPECT_DEATH(static_cast<void>(rowSteps(beyond, 3)), "Fatal error: file Differ/RowSteps");
+    BatchUpdate twice;
+    twice.deletions = {{1, 0}};
+    twice.moves = {{{1, 0}, {0, 0}}};
+    EXPECT_DEATH(static_cast<void>(rowSteps(twice, 3)), "Fatal error: file Differ/RowSteps");
+    BatchUpdate gap;
+    gap.insertions = {{5, 0}};
+    EXPECT_DEATH(static_cast<void>(rowSteps(gap, 3)), "Fatal error: file Differ/RowSteps");
+    BatchUpdate before;
+    before.moves = {{{0, 0}, {-1, 0}}};
+    EXPECT_DEATH(static_cast<void>(rowSteps(before, 3)), "Fatal error: file Differ/RowSteps");
+}
+
 TEST(RowSteps, appliedOneAfterTheOtherGiveTheTarget) {
     Random random(15);
     for (int round = 0; round < 2000; ++round) {
