@@ -356,7 +356,8 @@ TEST(BackupReader, aHundredThousandLevelsOfNestingAreRefused) {
 }
 
 TEST(BackupReader, theFailureIsOneShortLineWhateverTheKeysAre) {
-    for (const QByteArray& key : {QByteArray("a\\nb"), QByteArray("\xE2\x9C\x93"), QByteArray(100'000, 'k')})
+    for (const QByteArray& key :
+         {QByteArray("a\\nb"), QByteArray("\xE2\x9C\x93"), QByteArray(100'000, 'k'), QByteArray("")})
         EXPECT_EQ(failure(changed("\"title\"", "\"" + key + "\" : tru, \"title\"")), "prompts[0].… is not valid JSON");
 }
 
