@@ -2,10 +2,12 @@
 
 #include "platform/FileError.h"
 
+#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -19,6 +21,20 @@ constexpr qsizetype partSize = 1 << 20;
 /// Now and then on the way, so that the end has not all of it to wait for.
 constexpr qsizetype syncedAtOnce = 16 * partSize;
 constexpr mode_t allRights = 0777;
+constexpr int mostLinks = 40; ///< as many as the system itself follows
+
+/// Where a path leads in the end, which need not be there yet. Empty where links lead in a circle.
+QByteArray behindLinks(QByteArray path) {
+    std::array<char, PATH_MAX> link{};
+    for (int followed = 0; followed < mostLinks; ++followed) {
+        const ssize_t size = ::readlink(path.constData(), link.data(), link.size());
+        if (size < 0)
+            return path; // not a link, or nothing
+        const QByteArray next(link.data(), size);
+        path = next.startsWith('/') ? next : path.left(path.lastIndexOf('/') + 1) + next;
+    }
+    return {};
+}
 
 } // namespace
 
@@ -36,15 +52,18 @@ void FileWriting::refuse(int errorNumber) const {
 }
 
 void FileWriting::open() {
-    const QFileInfo there(path);
-    const QString real = there.exists() ? there.canonicalFilePath() : there.absoluteFilePath();
-    target = QFile::encodeName(real);
+    target = behindLinks(QFile::encodeName(QDir::isAbsolutePath(path) ? path : QDir::current().filePath(path)));
+    if (target.isEmpty())
+        refuse(ELOOP);
     struct stat older {};
     const bool replaces = ::stat(target.constData(), &older) == 0;
     if (replaces && !S_ISREG(older.st_mode))
         refuse(S_ISDIR(older.st_mode) ? EISDIR : EEXIST);
+    // Its name could be given to another file all the same; but somebody has protected it.
+    if (replaces && ::faccessat(AT_FDCWD, target.constData(), W_OK, AT_EACCESS) != 0)
+        refuse(errno);
     // A name of its own length: the target's may be as long as names can be.
-    QByteArray name = QFile::encodeName(QFileInfo(real).path()) + "/.Quillstacks-XXXXXX";
+    QByteArray name = target.left(target.lastIndexOf('/') + 1) + ".Quillstacks-XXXXXX";
     descriptor = ::mkostemp(name.data(), O_CLOEXEC); // mode 0600
     if (descriptor < 0)
         refuse(errno);

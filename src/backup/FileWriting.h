@@ -7,7 +7,7 @@ namespace Quillstacks {
 
 /// Writes a file a part at a time, beside its target, and gives it the target's name when all of it is on the disk. So
 /// there is never half a file under that name, and what stood there before stays until then, whatever happens. A
-/// link's target is replaced, not the link. Throws FileError.
+/// link's target is replaced, not the link; a file that is write-protected is not. Throws FileError.
 class FileWriting final {
 public:
     /// Nothing happens before the first step. A new file is the user's alone (0600), an older one's rights are kept.

@@ -1,5 +1,6 @@
 #include "backup/ExportDocument.h"
 
+#include "AsNobody.h"
 #include "FileReading.h"
 #include "FileWriting.h"
 
@@ -57,6 +58,28 @@ protected:
     [[nodiscard]] QStringList names() const {
         return QDir(folder.path())
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    }
+    /// Why the file system refuses it; empty when it doesn't.
+    static std::string refusal(const QString& path, const QByteArray& bytes) {
+        try {
+            ExportDocument{bytes}.write(path);
+        } catch (const FileError& error) {
+            return error.errorDescription().toStdString();
+        }
+        return {};
+    }
+    [[nodiscard]] static std::string unwritable(const QString& path, const char* why) {
+        return "Could not write the file “" + path.toStdString() + "”: " + why + ".";
+    }
+    /// To nobody, who may then do in the folder what its rights say.
+    void giveAway(const QString& file, mode_t fileRights, mode_t folderRights) const {
+        for (const auto& [name, rights] : {std::pair(file, fileRights), std::pair(folder.path(), folderRights)}) {
+            const QByteArray encoded = QFile::encodeName(name);
+            if (::geteuid() == 0) {
+                ASSERT_EQ(::chown(encoded.constData(), AsNobody::nobody, gid_t(-1)), 0);
+            }
+            ASSERT_EQ(::chmod(encoded.constData(), rights), 0);
+        }
     }
     static mode_t rights(const QString& path) {
         struct stat there {};
@@ -167,6 +190,36 @@ TEST_F(ExportDocumentTest, aProcessThatIsKilledLeavesTheOlderBackup) {
     EXPECT_EQ(contents(path()), large) << "the next one takes its place";
 }
 
+TEST_F(ExportDocumentTest, aBackupThatIsWriteProtectedIsNotReplaced) {
+    put(path(), older);
+    giveAway(path(), 0600, 0700);
+    {
+        const AsNobody nobody;
+        EXPECT_EQ(refusal(path(), "as long as it may be written"), "");
+    }
+    giveAway(path(), 0400, 0700);
+    {
+        const AsNobody nobody;
+        EXPECT_EQ(refusal(path(), large), unwritable(path(), "Permission denied"));
+    }
+    EXPECT_EQ(contents(path()), "as long as it may be written");
+    EXPECT_EQ(rights(path()), 0400U);
+    EXPECT_EQ(names(), QStringList{QStringLiteral("Backup.json")});
+}
+
+TEST_F(ExportDocumentTest, inAFolderThatIsReadOnlyTheOlderBackupStays) {
+    put(path(), older);
+    giveAway(path(), 0600, 0500);
+    {
+        const AsNobody nobody;
+        EXPECT_EQ(refusal(path(), large), unwritable(path(), "Permission denied"));
+        EXPECT_EQ(refusal(path("New.json"), large), unwritable(path("New.json"), "Permission denied"));
+    }
+    EXPECT_EQ(contents(path()), older);
+    EXPECT_EQ(names(), QStringList{QStringLiteral("Backup.json")});
+    giveAway(path(), 0600, 0700); // so that it can be tidied up
+}
+
 TEST_F(ExportDocumentTest, aLinkStaysALinkAndItsTargetIsReplaced) {
     QDir(folder.path()).mkdir(QStringLiteral("elsewhere"));
     const QString target = path("elsewhere/real.json");
@@ -177,11 +230,44 @@ TEST_F(ExportDocumentTest, aLinkStaysALinkAndItsTargetIsReplaced) {
     EXPECT_EQ(contents(target), large);
 }
 
+TEST_F(ExportDocumentTest, aLinkToWhatIsNotThereYetStaysALink) {
+    QDir(folder.path()).mkdir(QStringLiteral("elsewhere"));
+    // By way of another one, each from where it stands.
+    ASSERT_EQ(::symlink("elsewhere/next.json", QFile::encodeName(path()).constData()), 0);
+    ASSERT_EQ(::symlink("../real.json", QFile::encodeName(path("elsewhere/next.json")).constData()), 0);
+    ExportDocument{older}.write(path());
+    EXPECT_TRUE(QFileInfo(path()).isSymLink());
+    EXPECT_TRUE(QFileInfo(path("elsewhere/next.json")).isSymLink());
+    EXPECT_EQ(contents(path("real.json")), older);
+    EXPECT_FALSE(QFileInfo(path("real.json")).isSymLink());
+    ExportDocument{large}.write(path());
+    EXPECT_EQ(contents(path("real.json")), large);
+}
+
+TEST_F(ExportDocumentTest, linksThatLeadInACircleStayAsTheyAre) {
+    ASSERT_TRUE(QFile::link(path("other.json"), path()));
+    ASSERT_TRUE(QFile::link(path(), path("other.json")));
+    EXPECT_EQ(refusal(path(), older), unwritable(path(), "Too many levels of symbolic links"));
+    EXPECT_TRUE(QFileInfo(path()).isSymLink());
+    EXPECT_TRUE(QFileInfo(path("other.json")).isSymLink());
+}
+
+TEST_F(ExportDocumentTest, aPathMayBeginWhereTheProgramStands) {
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(folder.path()));
+    const std::string refused = refusal(QStringLiteral("Backup.json"), older);
+    ASSERT_TRUE(QDir::setCurrent(before));
+    EXPECT_EQ(refused, "");
+    EXPECT_EQ(contents(path()), older);
+}
+
 TEST_F(ExportDocumentTest, aFolderOrAPipeIsNotReplaced) {
     QDir(folder.path()).mkdir(QStringLiteral("folder"));
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-    for (const char* odd : {"folder", "pipe", "missing/Backup.json"})
-        EXPECT_THROW(ExportDocument{older}.write(path(odd)), FileError) << odd;
+    EXPECT_EQ(refusal(path("folder"), older), unwritable(path("folder"), "Is a directory"));
+    EXPECT_EQ(refusal(path("pipe"), older), unwritable(path("pipe"), "File exists"));
+    EXPECT_EQ(refusal(path("missing/Backup.json"), older),
+              unwritable(path("missing/Backup.json"), "No such file or directory"));
     EXPECT_EQ(names(), (QStringList{QStringLiteral("folder"), QStringLiteral("pipe")}));
 }
 
