@@ -3,8 +3,12 @@
 #include "backup/format/BackupReader.h"
 #include "foundation/Log.h"
 #include "library/model/ModelSaving.h"
+#include "platform/FileError.h"
 
 #include "FileReading.h"
+
+#include <cerrno>
+#include <new>
 
 namespace Quillstacks {
 
@@ -18,12 +22,22 @@ constexpr double saveShare = 0.5;
 
 } // namespace
 
-ImportRun::ImportRun(const QString& path, ModelContext& into, Lookups with)
-    : context(into), lookups(std::move(with)), batch(into), reading(std::make_unique<FileReading>(path)) {}
+ImportRun::ImportRun(const QString& filePath, ModelContext& into, Lookups with)
+    : path(filePath), context(into), lookups(std::move(with)), batch(into),
+      reading(std::make_unique<FileReading>(path)) {}
 
 ImportRun::~ImportRun() = default;
 
 bool ImportRun::step() {
+    try {
+        advance();
+    } catch (const std::bad_alloc&) {
+        throw FileError(path, ENOMEM, QStringLiteral("read the file"));
+    }
+    return phase != Phase::end;
+}
+
+void ImportRun::advance() {
     switch (phase) {
     case Phase::read:
         if (reading->step())
@@ -58,7 +72,6 @@ bool ImportRun::step() {
     case Phase::end:
         break;
     }
-    return phase != Phase::end;
 }
 
 void ImportRun::decoded() {

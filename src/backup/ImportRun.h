@@ -21,7 +21,7 @@ public:
     ~ImportRun();
     Q_DISABLE_COPY_MOVE(ImportRun)
 
-    /// False when all is saved. Throws where file, format or save fail.
+    /// False when all is saved. Throws where file, format or save fail; a FileError where the memory does not do.
     [[nodiscard]] bool step();
     /// How far it is, from 0 to 1.
     [[nodiscard]] double fraction() const;
@@ -31,9 +31,11 @@ public:
 private:
     enum class Phase { read, decode, merge, save, release, end };
 
+    void advance();
     void decoded();
     bool release();
 
+    const QString path;
     ModelContext& context;
     const Lookups lookups;
     const ModelContext::Batch batch; ///< screens beneath need not follow each slice

@@ -2,60 +2,14 @@
 
 #include "BackupFixture.h"
 
-#include <QDir>
 #include <QSignalSpy>
 
 #include <stdexcept>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace Quillstacks {
 namespace {
 
-/// While one is alive, a process of root has the rights of nobody.
-class AsNobody final {
-public:
-    AsNobody() {
-        if (isRoot)
-            std::ignore = ::seteuid(nobody); // the test sees it when it fails
-    }
-    ~AsNobody() {
-        if (isRoot)
-            std::ignore = ::seteuid(0);
-    }
-    Q_DISABLE_COPY_MOVE(AsNobody)
-
-private:
-    static constexpr uid_t nobody = 65534;
-    const bool isRoot = ::geteuid() == 0;
-};
-
-class ImportTest : public BackupFixture {
-protected:
-    /// What a file that can't be imported leaves behind: one line, no counts, the library as it was.
-    std::string fileFailure(const QString& path) {
-        Prompt* before = library.addPrompt(QStringLiteral("Before"));
-        library.context().save();
-        const ImportResult result = import(path);
-        EXPECT_FALSE(result.success);
-        EXPECT_EQ(result.importedTagsCount + result.importedPromptsCount + result.importedVersionsCount, 0);
-        EXPECT_TRUE(model.showingImportAlert());
-        EXPECT_EQ(titlesOf(library.context().prompts()), QStringList{QStringLiteral("Before")});
-        EXPECT_TRUE(library.context().tags().isEmpty());
-        EXPECT_FALSE(library.context().hasChanges());
-        library.context().remove(before);
-        library.context().save();
-        EXPECT_EQ(result.errors.size(), 1);
-        const QString line = result.errors.value(0);
-        EXPECT_TRUE(line.startsWith(QStringLiteral("Failed to import data: "))) << line.toStdString();
-        EXPECT_FALSE(line.contains(QLatin1Char('\n')));
-        EXPECT_EQ(errors(),
-                  (QStringList{QStringLiteral("Import failed"), QStringLiteral("Import failed: ") + line.mid(23)}));
-        log.clear();
-        return line.mid(23).toStdString();
-    }
-    std::string failure(const QByteArray& text) { return fileFailure(makeFile(text)); }
-};
+using ImportTest = BackupFixture;
 
 TEST_F(ImportTest, itIsSavedAndToldInTheLog) {
     const ImportResult result = import(makeFile(sampleText()));
@@ -112,82 +66,6 @@ TEST_F(ImportTest, aSecondCallWhileOneRunsDoesNothing) {
 TEST_F(ImportTest, eachImportReplacesTheLastResult) {
     EXPECT_FALSE(import(filePath("missing.json")).success);
     EXPECT_TRUE(import(makeFile(sampleText())).success);
-}
-
-TEST_F(ImportTest, aFileThatIsNotJsonGivesOneErrorLine) {
-    EXPECT_EQ(failure("hello"), "The file is not a JSON object");
-    EXPECT_EQ(failure(""), "The file is not valid JSON: it is empty");
-    EXPECT_EQ(failure(sampleText().chopped(1)),
-              "The file is not valid JSON: a comma or the end of the object is missing");
-}
-
-TEST_F(ImportTest, aFileThatIsNoBackupNamesTheKeyAndItsPlace) {
-    EXPECT_EQ(failure(sampleText().replace("17:40:00Z", "17:40:00.5Z")),
-              "prompts[0].versions[0].createdAt is not an ISO 8601 date");
-    EXPECT_EQ(failure(sampleText().replace("\"versions\"", "\"other\"")), "prompts[0].versions is missing");
-    EXPECT_EQ(failure("\xEF\xBB\xBF" + sampleText()), "The file is not valid JSON: it begins with a byte order mark");
-    EXPECT_EQ(failure(QByteArray(100'000, '[')), "The file is not a JSON object");
-}
-
-TEST_F(ImportTest, aFileThatIsCutAnywhereLeavesTheLibraryAsItWas) {
-    const QByteArray text = sampleText();
-    for (qsizetype size = 0; size < text.size(); size += 7)
-        EXPECT_NE(failure(text.first(size)), "");
-}
-
-TEST_F(ImportTest, aMissingFileGivesOneErrorLine) {
-    const QString path = filePath("missing.json");
-    EXPECT_EQ(fileFailure(path), "Could not read the file “" + path.toStdString() + "”: No such file or directory.");
-}
-
-TEST_F(ImportTest, aDirectoryGivesOneErrorLine) {
-    QDir(files.path()).mkdir(QStringLiteral("folder.json"));
-    EXPECT_EQ(fileFailure(filePath("folder.json")), "“folder.json” is not a file with content.");
-}
-
-TEST_F(ImportTest, aPipeGivesOneErrorLineAndIsNotWaitedFor) {
-    ASSERT_EQ(::mkfifo(QFile::encodeName(filePath("pipe.json")).constData(), 0600), 0);
-    EXPECT_EQ(fileFailure(filePath("pipe.json")), "“pipe.json” is not a file with content.");
-}
-
-TEST_F(ImportTest, anUnreadableFileGivesOneErrorLine) {
-    const QString path = makeFile(sampleText());
-    ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0), 0);
-    ImportResult result;
-    {
-        const AsNobody nobody; // root may read everything
-        result = import(path);
-    }
-    EXPECT_EQ(result,
-              ImportResult::failed(QStringLiteral("Could not read the file “%1”: Permission denied.").arg(path)));
-    EXPECT_TRUE(library.context().prompts().isEmpty());
-}
-
-TEST_F(ImportTest, aFileThatTheSystemFailsToReadGivesOneErrorLine) {
-    const QString path = QStringLiteral("/proc/self/mem"); // a regular file whose first page nobody has
-    EXPECT_EQ(fileFailure(path), "Could not read the file “/proc/self/mem”: Input/output error.");
-}
-
-TEST_F(ImportTest, aFileOfTwoGigabytesGivesOneErrorLineWithoutBeingRead) {
-    const QString path = makeFile("{");
-    ASSERT_TRUE(QFile::resize(path, qint64(1) << 31)); // sparse
-    EXPECT_EQ(fileFailure(path), "Could not read the file “" + path.toStdString() + "”: File too large.");
-}
-
-TEST_F(ImportTest, aFileThatShrinksWhileItIsReadGivesOneErrorLine) {
-    const TickingClock clock;
-    QByteArray text = sampleText();
-    text.insert(1, QByteArray(64 << 20, ' '));
-    const QString path = makeFile(text);
-    model.importData(path, library.context());
-    for (int turn = 0; turn < 3; ++turn)
-        QCoreApplication::processEvents();
-    ASSERT_TRUE(model.isImporting());
-    ASSERT_TRUE(QFile::resize(path, 1 << 20));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !model.isImporting(); }));
-    EXPECT_EQ(model.importResult()->errors,
-              QStringList{QStringLiteral("Failed to import data: “Backup.json” became shorter while it was read.")});
-    EXPECT_TRUE(library.context().prompts().isEmpty());
 }
 
 TEST_F(ImportTest, aSaveThatFailsGivesOneErrorLineAndZeroCountsAndTheItemsStayToBeSaved) {
