@@ -4,6 +4,7 @@
 #include "backup/ExportDocument.h"
 #include "foundation/LocalizedError.h"
 #include "foundation/Log.h"
+#include "foundation/MainQueue.h"
 #include "interface/Alert.h"
 #include "interface/Button.h"
 #include "interface/Card.h"
@@ -28,6 +29,7 @@ const QString exportTitle = QStringLiteral("Export");
 const QString exportingTitle = QStringLiteral("Exporting...");
 const QString importTitle = QStringLiteral("Import");
 const QString importingTitle = QStringLiteral("Importing...");
+constexpr int notePadding = 11; ///< its edge included
 const FileDialogs::FileType jsonFiles{QStringLiteral("JSON"), QStringLiteral("json")};
 
 Label* paragraph(const QString& text, TextStyle style) {
@@ -39,20 +41,26 @@ Label* paragraph(const QString& text, TextStyle style) {
 } // namespace
 
 DataExportImportView::DataExportImportView(ModelContext& library, DataExportImportViewModel& viewModel, QWidget* parent)
-    : QWidget(parent), context(library), model(viewModel) {
+    : QWidget(parent), context(library), model(&viewModel) {
     setObjectName(QStringLiteral("DataExportImportView"));
     build();
-    connect(&model, &DataExportImportViewModel::changed, this, &DataExportImportView::showModel);
-    connect(&model, &DataExportImportViewModel::progressed, this, [this](double fraction) {
+    connect(model, &DataExportImportViewModel::changed, this, &DataExportImportView::showModel);
+    connect(model, &DataExportImportViewModel::progressed, this, [this](double fraction) {
         if (progress)
             progress->setFraction(fraction);
     });
     connect(exportButton, &QAbstractButton::clicked, this, &DataExportImportView::exportLibrary);
     connect(importButton, &QAbstractButton::clicked, this, &DataExportImportView::importLibrary);
-    showModel();
+    showButtons();
+    // Not at once: it has no window yet over which the result could be shown.
+    MainQueue::async(this, [this] { showModel(); });
 }
 
-DataExportImportView::~DataExportImportView() = default;
+DataExportImportView::~DataExportImportView() {
+    // What is not prepared by now is given up.
+    if (model && preparing)
+        model->setExporting(false);
+}
 
 void DataExportImportView::build() {
     exportButton = new Button(exportTitle);
@@ -102,7 +110,7 @@ QWidget* DataExportImportView::buildNote() {
                                               "name, prompts by title."),
                                TextStyle::caption));
     auto* row = new QHBoxLayout(note);
-    row->setContentsMargins(12, 10, 12, 10);
+    row->setContentsMargins(notePadding, notePadding, notePadding, notePadding);
     row->setSpacing(8);
     row->addWidget(new SymbolImage(QStringLiteral("info.circle.fill"), 16, ColorRole::blue), 0, Qt::AlignTop);
     row->addLayout(texts, 1);
@@ -114,10 +122,16 @@ void DataExportImportView::showButton(Button* button, bool isBusy, const QString
     button->setBusy(isBusy);
 }
 
+void DataExportImportView::showButtons() {
+    showButton(exportButton, model->isExporting(), exportTitle, exportingTitle);
+    showButton(importButton, model->isImporting(), importTitle, importingTitle);
+}
+
 void DataExportImportView::showModel() {
-    showButton(exportButton, model.isExporting(), exportTitle, exportingTitle);
-    showButton(importButton, model.isImporting(), importTitle, importingTitle);
-    if (model.showingImportAlert() && !model.isImporting())
+    if (!model)
+        return;
+    showButtons();
+    if (model->showingImportAlert() && !model->isImporting())
         showImportAlert();
 }
 
@@ -134,10 +148,10 @@ void DataExportImportView::endProgress() {
 }
 
 void DataExportImportView::exportLibrary() {
-    if (model.isExporting() || model.isImporting() || showsExporter || work)
+    if (model->isExporting() || model->isImporting() || showsExporter || work)
         return;
     showProgress(exportingTitle);
-    model.setExporting(true);
+    model->setExporting(true);
     Log::importExport.info(QStringLiteral("Starting data export"));
     preparing = std::make_unique<ExportRun>(context);
     work = std::make_unique<SlicedWork>(
@@ -154,7 +168,7 @@ void DataExportImportView::prepared() {
     preparing.reset();
     work.release()->deleteLater(); // this is called from within it
     showsExporter = true;
-    model.setExporting(false);
+    model->setExporting(false);
     endProgress();
     showFileExporter();
 }
@@ -163,7 +177,7 @@ void DataExportImportView::preparationFailed(const std::exception& error) {
     Log::importExport.error(QStringLiteral("Export preparation failed: ") + localizedDescription(error));
     preparing.reset();
     work.release()->deleteLater();
-    model.setExporting(false);
+    model->setExporting(false);
     endProgress();
 }
 
@@ -216,7 +230,7 @@ void DataExportImportView::exportFailed(const QString& description) {
 }
 
 void DataExportImportView::importLibrary() {
-    if (model.isImporting() || showsImporter || work)
+    if (model->isImporting() || showsImporter || work)
         return;
     showsImporter = true;
     FileDialogs::openFile(this, jsonFiles, [this](const FileDialogs::Answer& answer) { importerEnded(answer); });
@@ -229,22 +243,22 @@ void DataExportImportView::importerEnded(const FileDialogs::Answer& answer) {
     if (!answer.path)
         return;
     showProgress(importingTitle);
-    model.importData(*answer.path, context);
+    model->importData(*answer.path, context);
 }
 
 void DataExportImportView::showImportAlert() {
     endProgress();
-    if (alertIsOpen || !model.importResult())
+    if (alertIsOpen || !model->importResult())
         return;
     alertIsOpen = true;
     Alert::Text text;
     text.title = QStringLiteral("Import Result");
-    text.message = model.importResult()->message();
+    text.message = model->importResult()->message();
     text.confirmTitle = QStringLiteral("OK");
     text.cancelTitle.clear();
     Alert::show(this, text, [this] {
         alertIsOpen = false;
-        model.setShowingImportAlert(false);
+        model->setShowingImportAlert(false);
     });
 }
 

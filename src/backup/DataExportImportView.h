@@ -25,7 +25,7 @@ class SlicedWork;
 class DataExportImportView final : public QWidget {
     Q_OBJECT
 public:
-    /// Both must outlive it.
+    /// The library must outlive it. The model may go a moment before it, when both have one owner.
     DataExportImportView(ModelContext& context, DataExportImportViewModel& model, QWidget* parent = nullptr);
     ~DataExportImportView() override;
 
@@ -46,6 +46,7 @@ private:
     [[nodiscard]] QLayout* buildRow(const QString& title, const QString& line, Button* button);
     [[nodiscard]] QWidget* buildNote();
     void showButton(Button* button, bool isBusy, const QString& title, const QString& busyTitle);
+    void showButtons();
     void showModel();
     void showProgress(const QString& title);
     void endProgress();
@@ -60,7 +61,7 @@ private:
     void showImportAlert();
 
     ModelContext& context;
-    DataExportImportViewModel& model;
+    const QPointer<DataExportImportViewModel> model;
     bool showsImporter = false;
     bool showsExporter = false;
     bool alertIsOpen = false;

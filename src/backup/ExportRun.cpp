@@ -24,6 +24,8 @@ bool ExportRun::step() {
         begin();
     if (next < prompts.size()) {
         Prompt* prompt = prompts.at(next++);
+        if (prompt->isDeleted()) // since the last step; nothing is left of it but the mark
+            return true;
         writer->write(ExportedPrompt(*prompt));
         // A whole library of versions would stay in memory otherwise.
         prompt->releaseVersions();

@@ -327,9 +327,45 @@ TEST_F(DataExportImport, aResultThatNobodyReadYetIsShownByTheNextScreen) {
     delete view;
     model.importData(makeFile(sampleText()), library.context());
     ASSERT_TRUE(QTest::qWaitFor([this] { return !model.isImporting(); }));
-    const DataExportImportView next(library.context(), model, &window);
+    auto* next = new DataExportImportView(library.context(), model); // finds its place in the window later
+    window.layout()->addWidget(next);
+    EXPECT_EQ(Sheet::top(&window), nullptr);
+    QCoreApplication::processEvents();
     ASSERT_NE(Sheet::top(&window), nullptr);
+    EXPECT_FALSE(Sheet::top(&window)->isAncestorOf(next));
     EXPECT_EQ(texts(*Sheet::top(&window)).value(0), QStringLiteral("Import Result"));
+}
+
+TEST_F(DataExportImport, whatIsDeletedWhileItIsPreparedIsNotInTheBackup) {
+    const TickingClock clock;
+    for (int number = 0; number < 100; ++number)
+        library.addPrompt(QString::number(number));
+    button("Export")->click();
+    for (int turn = 0; turn < 5; ++turn)
+        QCoreApplication::processEvents();
+    ASSERT_TRUE(model.isExporting());
+    for (Prompt* prompt : library.context().prompts())
+        library.context().remove(prompt);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return view->showingFileExporter(); }));
+    const ExportedData data = BackupReader::decoded(*view->exportData());
+    EXPECT_LT(data.prompts.size(), 100);
+    for (const ExportedPrompt& prompt : data.prompts)
+        EXPECT_FALSE(prompt.title.isEmpty());
+}
+
+TEST_F(DataExportImport, aScreenThatGoesWithItsModelAsksItNothing) {
+    const TickingClock clock;
+    for (int number = 0; number < 100; ++number)
+        library.addPrompt(QString::number(number));
+    QWidget owner;
+    auto* own = new DataExportImportViewModel(&owner); // made first, so it goes first
+    auto* screen = new DataExportImportView(library.context(), *own, &owner);
+    screen->exportLibrary();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(own->isExporting());
+    delete own;
+    delete screen;
+    EXPECT_EQ(Sheet::top(&owner), nullptr);
 }
 
 TEST_F(DataExportImport, aScreenThatGoesWhileItExportsGivesItUp) {
@@ -341,6 +377,7 @@ TEST_F(DataExportImport, aScreenThatGoesWhileItExportsGivesItUp) {
         QCoreApplication::processEvents();
     ASSERT_TRUE(model.isExporting());
     delete view;
+    EXPECT_FALSE(model.isExporting()) << "the next screen can export again";
     for (int turn = 0; turn < 500; ++turn)
         QCoreApplication::processEvents();
     EXPECT_TRUE(desktop.callsOf(QStringLiteral("saveFile")).isEmpty());
