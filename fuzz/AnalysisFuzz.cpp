@@ -2,12 +2,12 @@
 // and read back as it is. An answer whose only closing braces stand ahead of every opening one must end the process: it
 // is passed over. Built with -D QUILLSTACKS_FUZZ=ON and clang; the tests run it for a bounded number of rounds.
 
-#include "analysis/answer/HttpAnswerReader.h"
 #include "analysis/answer/JsonCleanUp.h"
 #include "analysis/answer/JsonError.h"
 #include "analysis/answer/OllamaResponse.h"
 #include "analysis/answer/PromptAnalysis.h"
 #include "Graphemes.h"
+#include "platform/http/HttpAnswerReader.h"
 
 #include <cstdint>
 #include <cstdio>

@@ -2,7 +2,7 @@
 
 #include "foundation/LocalizedError.h"
 #include "foundation/ManualClock.h"
-#include "HttpServer.h"
+#include "platform/http/HttpServer.h"
 #include "support/LogCapture.h"
 #include "support/TestPreferences.h"
 

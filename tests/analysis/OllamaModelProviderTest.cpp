@@ -314,4 +314,15 @@ TEST_F(OllamaModelProviderTest, aTaskThatNobodyFollowsGoesOnToItsEnd) {
     EXPECT_EQ(log.lines().size(), 1);
 }
 
+TEST_F(OllamaModelProviderTest, aProviderMayBeGoneWhenTheAnswerComes) {
+    auto provider = std::make_unique<OllamaModelProvider>(server.url(), QStringLiteral("m"));
+    const auto ending = started(provider->generate(QStringLiteral("Hi"), {}));
+    QTcpSocket* socket = server.waitForRequest();
+    ASSERT_TRUE(socket);
+    provider.reset();
+    socket->write(HttpServer::answer(200, hello));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ending->hasCome(); }));
+    EXPECT_EQ(ending->result, QStringLiteral("Hello."));
+}
+
 } // namespace Quillstacks

@@ -145,6 +145,53 @@ TEST_F(PromptAnalysisManagerTest, aRatingOf11AndNoRecommendationsAreAcceptedUnch
     EXPECT_TRUE(ending.result->recommendations.isEmpty());
 }
 
+TEST_F(PromptAnalysisManagerTest, aRatingIsTakenAsTheModelGaveItWhereItIsAWholeNumber) {
+    struct Case {
+        const char* rating;
+        const char* maxRating;
+        bool isTaken = false;
+        qint64 expected = 0;
+    };
+    for (const Case& each :
+         {Case{"11", "10", true, 11}, Case{"0", "0", true, 0}, Case{"-3", "10", true, -3}, Case{"7.0", "1e1", true, 7},
+          Case{"7.5", "10"}, Case{"1e400", "10"}, Case{"\"7\"", "10"}, Case{"null", "10"}, Case{"7", "1e400"}}) {
+        const QString answer =
+            QStringLiteral(R"({"rating":%1,"maxRating":%2,"summary":"","strengths":[],"recommendations":[]})")
+                .arg(QLatin1String(each.rating), QLatin1String(each.maxRating));
+        const Ending<PromptAnalysis> ending = analyzeAnswer(answer);
+        ASSERT_EQ(ending.result.has_value(), each.isTaken) << each.rating;
+        if (each.isTaken)
+            EXPECT_EQ(ending.result->rating, each.expected);
+        else
+            EXPECT_EQ(ending.description(), QStringLiteral("Analysis failed: Failed to parse the analysis response"));
+        EXPECT_FALSE(manager.isAnalyzing());
+    }
+}
+
+TEST_F(PromptAnalysisManagerTest, theObjectIsFoundInEachKindOfAnswer) {
+    for (const char* answer :
+         {"%1", " \n%1\u3000", "```json\n%1\n```", "```\n%1\n```", "```jsonc {x}\n%1\n```", "```json%1```", "```%1```",
+          "```json\r\n%1\r\n```", "Sure:\n%1\nBye {not}?", "```json\n%1\n```\nI hope {this} helps}", "```json\n%1",
+          "} %1", "%1 {", "{\u0301 %1 }\u0301"}) {
+        const bool hasMore = QByteArray(answer).endsWith("{not}?");
+        const Ending<PromptAnalysis> ending = analyzeAnswer(QString::fromUtf8(answer).arg(record));
+        EXPECT_EQ(ending.result.has_value(), !hasMore) << answer << ending.description().toStdString();
+    }
+}
+
+TEST_F(PromptAnalysisManagerTest, ofAnAnswerThatIsNoUtf8NothingIsTaken) {
+    server.answerWith(200, "{\"message\":{\"content\":\"\xC3\x28\"}}");
+    EXPECT_TRUE(analyze().description().startsWith(QStringLiteral("Analysis failed: The JSON can't be read: ")));
+    EXPECT_FALSE(manager.isAnalyzing());
+}
+
+using PromptAnalysisManagerDeathTest = PromptAnalysisManagerTest;
+
+TEST_F(PromptAnalysisManagerDeathTest, anAnswerWhoseOnlyClosingBraceStandsAheadEndsTheProcess) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_DEATH(analyzeAnswer(QStringLiteral("} and {")), "closing brace");
+}
+
 TEST_F(PromptAnalysisManagerTest, anHttpAnswerThatCannotBeDecodedReadsAsALostConnection) {
     server.answerWith(200, "<html></html>");
     EXPECT_TRUE(analyze().description().startsWith(QStringLiteral("Analysis failed: The JSON can't be read: ")));
@@ -205,6 +252,23 @@ TEST_F(PromptAnalysisManagerTest, anAnalysisOutlivesItsManager) {
     socket->write(HttpServer::answer(200, QJsonDocument(QJsonObject{{QStringLiteral("message"), message}}).toJson()));
     EXPECT_TRUE(QTest::qWaitFor([&] { return ending->hasCome(); }));
     EXPECT_TRUE(ending->result);
+}
+
+TEST_F(PromptAnalysisManagerTest, aServerThatDripsWithoutEndKeepsTheAnalysisRunning) {
+    const auto ending = started(manager.analyze(QStringLiteral("a")));
+    QTcpSocket* socket = server.waitForRequest();
+    ASSERT_TRUE(socket);
+    socket->write("HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n");
+    for (int byte = 0; byte < 60; ++byte) {
+        socket->write("{");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return socket->bytesToWrite() == 0; }));
+        QTest::qWait(5);
+        advance(50s);
+        ASSERT_FALSE(ending->hasCome()) << byte;
+    }
+    EXPECT_TRUE(manager.isAnalyzing());
+    advance(120s);
+    EXPECT_TRUE(ending->hasCome()) << "now it is silent";
 }
 
 TEST_F(PromptAnalysisManagerTest, theLoopGoesOnWhileTheModelIsSilent) {

@@ -1,8 +1,8 @@
 #include "analysis/AnalysisPreferences.h"
-#include "analysis/HttpServer.h"
 #include "analysis/LexiwellPanel.h"
 #include "interface/Button.h"
 #include "interface/ToastManager.h"
+#include "platform/http/HttpServer.h"
 #include "PromptEditorFixture.h"
 #include "PromptPanelColumn.h"
 #include "support/LogCapture.h"
@@ -11,6 +11,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTimer>
 
 namespace Quillstacks {
 
@@ -70,6 +71,53 @@ TEST_F(PromptEditorAnalysis, whileItRunsTheEditorCanBeUsed) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.promptAnalysis().has_value(); }));
 }
 
+TEST_F(PromptEditorAnalysis, whileTheServerDripsKeysAndMouseAreAnswered) {
+    Prompt* prompt = addPrompt(QStringLiteral("t"), QStringLiteral("b"));
+    PromptEditorView& view = present(prompt);
+    analyze(view);
+    QTcpSocket* socket = server.waitForRequest();
+    ASSERT_TRUE(socket);
+    const QByteArray body = rating();
+    socket->write("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n");
+    qsizetype written = 0;
+    QTimer drip;
+    QObject::connect(&drip, &QTimer::timeout, socket, [&] {
+        if (written < body.size())
+            socket->write(body.sliced(written++, 1));
+    });
+    drip.start(5);
+    bodyField(view).setFocus();
+    QTest::keyClicks(&bodyField(view), QStringLiteral("typed "));
+    EXPECT_EQ(view.editorBody(), QStringLiteral("typed b"));
+    for (QAbstractButton* button : view.findChild<VariablesPreviewView*>()->findChildren<QAbstractButton*>())
+        QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_TRUE(view.isVariablesCollapsed());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return written > 20; }));
+    EXPECT_TRUE(panel(view)->isLoading());
+    view.savePrompt();
+    EXPECT_EQ(closed->size(), 1);
+    EXPECT_EQ(prompt->body(), QStringLiteral("typed b"));
+}
+
+TEST_F(PromptEditorAnalysis, aServerThatSendsHeadersWithoutEndLeavesTheEditorUsable) {
+    server.respond = [](QTcpSocket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\n");
+        const auto more = [&socket] {
+            if (socket.bytesToWrite() < 1000000)
+                socket.write("X-Header: " + QByteArray(50000, 'x') + "\r\n");
+        };
+        QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, more);
+        more();
+    };
+    PromptEditorView& view = present(addPrompt(QStringLiteral("t"), QStringLiteral("b")));
+    analyze(view);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.analysisErrorMessage().has_value(); }));
+    EXPECT_TRUE(view.analysisErrorMessage()->startsWith(QStringLiteral("Analysis failed: Can't connect to Ollama.")));
+    EXPECT_FALSE(panel(view)->isLoading());
+    QTest::keyClicks(&titleField(view), QStringLiteral("typed"));
+    EXPECT_TRUE(view.title().contains(QStringLiteral("typed")));
+}
+
 TEST_F(PromptEditorAnalysis, aFailureIsShownAndANewRunTakesItAway) {
     server.answerWith(500, {});
     PromptEditorView& view = present(addPrompt(QStringLiteral("t"), QStringLiteral("b")));
@@ -126,6 +174,26 @@ TEST_F(PromptEditorAnalysis, thePanelFollowsItsPreference) {
     lexiwellEnabledPreference().set(true);
     ASSERT_TRUE(panel(view));
     EXPECT_TRUE(panel(view)->isCollapsed());
+}
+
+TEST_F(PromptEditorAnalysis, aPanelThatComesBackIsReachedByTabWhereItStands) {
+    PromptEditorView& view = present(addPrompt(QStringLiteral("t"), QStringLiteral("b")));
+    const auto stopsAfterTheVariables = [&] {
+        view.findChild<VariablesPreviewView*>()->findChild<QAbstractButton*>()->setFocus(Qt::TabFocusReason);
+        QStringList names;
+        for (int i = 0; i < 6; ++i) {
+            QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+            names += QApplication::focusWidget()->accessibleName();
+        }
+        return names;
+    };
+    const QStringList inOrder{
+        QStringLiteral("Lexiwell"), QStringLiteral("Analyze"), QStringLiteral("Collapse Lexiwell"),
+        QStringLiteral("Delete"),   QStringLiteral("Cancel"),  QStringLiteral("Save")};
+    EXPECT_EQ(stopsAfterTheVariables(), inOrder);
+    lexiwellEnabledPreference().set(false);
+    lexiwellEnabledPreference().set(true);
+    EXPECT_EQ(stopsAfterTheVariables(), inOrder);
 }
 
 TEST_F(PromptEditorAnalysis, thePanelsShareTheColumnAndFold) {

@@ -3,9 +3,7 @@
 #include "foundation/MainQueue.h"
 #include "languagemodel/LoopbackPort.h"
 
-#include <QNetworkAccessManager>
 #include <QRandomGenerator>
-#include <QUrl>
 
 #include <array>
 #include <utility>
@@ -31,8 +29,7 @@ QByteArray randomKey() {
 
 } // namespace
 
-ModelRun::ModelRun(ModelFiles files, QNetworkAccessManager& manager)
-    : modelFiles(std::move(files)), network(manager), port(LoopbackPort::takeFree()), key(randomKey()) {}
+ModelRun::ModelRun(ModelFiles files) : modelFiles(std::move(files)), port(LoopbackPort::takeFree()), key(randomKey()) {}
 
 void ModelRun::start() {
     if (port == 0)
@@ -55,7 +52,12 @@ void ModelRun::askForHealth() {
     if (hasFailed)
         return;
     // Without the key: this question is open to all, and so far nobody knows who listens.
-    auto* health = new HttpExchange(network.get(request(QStringLiteral("/health"))), loadingLimit, this);
+    HttpRequest question;
+    question.method = QByteArrayLiteral("GET");
+    question.url = url(QStringLiteral("/health"));
+    HttpBounds bounds;
+    bounds.whole = loadingLimit;
+    auto* health = new HttpExchange(std::move(question), bounds, this);
     connect(health, &HttpExchange::ended, this, [this, health] {
         health->deleteLater();
         takeHealth(*health);
@@ -75,18 +77,21 @@ void ModelRun::takeHealth(const HttpExchange& health) {
     Q_EMIT becameReady();
 }
 
-QNetworkRequest ModelRun::request(const QString& path) const {
-    QNetworkRequest result(QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(QString::number(port), path)));
-    result.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    return result;
+QUrl ModelRun::url(const QString& path) const {
+    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(QString::number(port), path));
 }
 
 std::unique_ptr<HttpExchange> ModelRun::post(const QString& path, const QByteArray& body,
                                              std::chrono::nanoseconds limit) const {
-    QNetworkRequest asked = request(path);
-    asked.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
-    asked.setRawHeader("Authorization", "Bearer " + key);
-    return std::make_unique<HttpExchange>(network.post(asked, body), limit);
+    HttpRequest question;
+    question.method = QByteArrayLiteral("POST");
+    question.url = url(path);
+    question.headers = {{QByteArrayLiteral("Content-Type"), QByteArrayLiteral("application/json")},
+                        {QByteArrayLiteral("Authorization"), "Bearer " + key}};
+    question.body = body;
+    HttpBounds bounds;
+    bounds.whole = limit;
+    return std::make_unique<HttpExchange>(std::move(question), bounds);
 }
 
 void ModelRun::fail(LanguageModelError::Case what, const QString& detail) {

@@ -1,14 +1,10 @@
 #pragma once
 
-#include "languagemodel/HttpExchange.h"
 #include "languagemodel/ModelFiles.h"
 #include "languagemodel/RuntimeProcess.h"
-
-#include <QNetworkRequest>
+#include "platform/http/HttpExchange.h"
 
 #include <memory>
-
-class QNetworkAccessManager;
 
 namespace Quillstacks {
 
@@ -16,7 +12,7 @@ namespace Quillstacks {
 class ModelRun final : public QObject {
     Q_OBJECT
 public:
-    ModelRun(ModelFiles files, QNetworkAccessManager& network);
+    explicit ModelRun(ModelFiles files);
 
     void start();
     /// Whether it answers requests.
@@ -35,10 +31,9 @@ private:
     void askForHealth();
     void takeHealth(const HttpExchange& health);
     void fail(LanguageModelError::Case what, const QString& detail = {});
-    [[nodiscard]] QNetworkRequest request(const QString& path) const;
+    [[nodiscard]] QUrl url(const QString& path) const;
 
     ModelFiles modelFiles;
-    QNetworkAccessManager& network;
     quint16 port = 0;
     QByteArray key;
     RuntimeProcess process;

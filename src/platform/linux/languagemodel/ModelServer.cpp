@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QCoroSignal>
-#include <QNetworkProxy>
 
 namespace Quillstacks {
 
@@ -22,7 +21,6 @@ ModelServer& ModelServer::shared() {
 }
 
 ModelServer::ModelServer() {
-    network.setProxy(QNetworkProxy::NoProxy); // a prompt never leaves this computer
     connect(qApp, &QCoreApplication::aboutToQuit, this, &ModelServer::end);
 }
 
@@ -59,7 +57,7 @@ void ModelServer::choose() {
 
 void ModelServer::start(ModelFiles files) {
     failure.reset();
-    run = std::make_unique<ModelRun>(std::move(files), network);
+    run = std::make_unique<ModelRun>(std::move(files));
     connect(run.get(), &ModelRun::becameReady, this, &ModelServer::settled);
     connect(run.get(), &ModelRun::failed, this, [this](const LanguageModelError& error) {
         failure = error;

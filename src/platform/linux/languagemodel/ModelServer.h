@@ -3,7 +3,6 @@
 #include "languagemodel/ModelRun.h"
 
 #include <QCoroTask>
-#include <QNetworkAccessManager>
 
 #include <optional>
 
@@ -45,7 +44,6 @@ private:
     void start(ModelFiles files);
     void end();
 
-    QNetworkAccessManager network;
     std::unique_ptr<ModelRun> run;             ///< none while the server doesn't run
     std::optional<LanguageModelError> failure; ///< why the last run ended, if it failed
     int uses = 0;

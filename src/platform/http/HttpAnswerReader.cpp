@@ -1,4 +1,4 @@
-#include "analysis/answer/HttpAnswerReader.h"
+#include "platform/http/HttpAnswerReader.h"
 
 #include <algorithm>
 
