@@ -1,5 +1,6 @@
 #include "shell/QuillstacksApp.h"
 
+#include "foundation/Clock.h"
 #include "foundation/LocalizedError.h"
 #include "foundation/Log.h"
 #include "foundation/MainQueue.h"
@@ -28,10 +29,28 @@
 #include <QGuiApplication>
 #include <QIcon>
 
+#include <tuple>
+
 namespace Quillstacks {
 
-QuillstacksApp::QuillstacksApp() {
+namespace {
+
+/// For so long after the start a desktop action may be what has caused it.
+constexpr double startTime = 2.0; ///< seconds
+constexpr double lookInterval = 0.05;
+
+/// Those that windows observe, before all else: making the second one starts the updater.
+void makeSharedManagers() {
+    std::ignore = &PermissionManager::shared();
+    std::ignore = &SparkleUpdaterManager::shared();
+    std::ignore = &SplashScreenManager::shared();
+}
+
+} // namespace
+
+QuillstacksApp::QuillstacksApp() : startedAt(Clock::uptime()) {
     QGuiApplication::setQuitOnLastWindowClosed(appDelegate.applicationShouldTerminateAfterLastWindowClosed());
+    makeSharedManagers();
     announceVersion();
     Log::logAppStart();
     PreferencesMigrationManager::shared().migrateIfNeeded();
@@ -137,9 +156,19 @@ void QuillstacksApp::reopen() {
 
 void QuillstacksApp::performAction(const QString& name) {
     if (name == QStringLiteral("quick-access"))
-        QuickAccessWindowManager::shared().toggle();
+        togglePanel();
     else if (name == QStringLiteral("new-prompt"))
         window->openNewPrompt();
+}
+
+void QuillstacksApp::togglePanel() {
+    // The action may be what has started the program. The main window is on its way then, and would take the keyboard
+    // from a panel that is there before it.
+    const bool isStarting = Clock::uptime() - startedAt < std::chrono::duration<double>(startTime);
+    if (isStarting && (!window->isActiveWindow() || MainWindowFocusManager::shared().pendingFocus))
+        MainQueue::after(lookInterval, this, [this] { togglePanel(); });
+    else
+        QuickAccessWindowManager::shared().toggle();
 }
 
 } // namespace Quillstacks

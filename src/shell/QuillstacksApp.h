@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <exception>
 #include <memory>
 
@@ -46,7 +47,9 @@ private:
     void makeScenes();
     void makeStatusItem();
     void scheduleWelcome();
+    void togglePanel();
 
+    const std::chrono::nanoseconds startedAt; ///< on the clock
     // Built in this order and taken down in the other.
     std::unique_ptr<MainWindow> window;
     std::unique_ptr<MenuBarContent> menu;

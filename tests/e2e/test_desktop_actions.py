@@ -3,10 +3,10 @@ import os
 import signal
 import unittest
 
-from driver import bus, keyboard, person, windows
+from driver import accessible, bus, keyboard, person, windows
 from driver.desktop_case import DesktopCase
-from driver.program import MAIN
-from driver.waiting import until
+from driver.program import MAIN, PANEL
+from driver.waiting import stays, until
 
 
 class DesktopActions(DesktopCase):
@@ -40,14 +40,45 @@ class DesktopActions(DesktopCase):
         window = program.main_window()
         until(lambda: window.is_active, "the window to be back and active")
 
-    def test_the_bus_starts_the_program_by_its_name(self):
-        self.addCleanup(bus.install_service(self.program_path))
-        bus.activate()
+
+class StartByTheBus(DesktopCase):
+    """The program does not run; the bus starts it for what is asked of it."""
+
+    def setUp(self):
+        super().setUp()
+        self.home.skip_welcome()
+        self.addCleanup(bus.install_service(self.program_path, self.home))
+
+    def started_by(self, ask, *arguments):
+        """The process that there is now."""
+        ask(*arguments)
         process = bus.owner()
-        try:
-            windows.wait_for(MAIN, process)
-        finally:
-            os.kill(process, signal.SIGKILL)
+        self.addCleanup(os.kill, process, signal.SIGKILL)
+        return process
+
+    def test_by_its_name_shows_the_main_window(self):
+        process = self.started_by(bus.activate)
+        window = windows.wait_for(MAIN, process)
+        until(lambda: window.has_keyboard, "the main window to have the keyboard")
+
+    def test_for_quick_access_opens_the_panel_which_has_the_keyboard(self):
+        process = self.started_by(bus.perform, "quick-access")
+        windows.wait_for(MAIN, process)
+        panel = windows.wait_for(pid=process, role=PANEL)
+        until(lambda: panel.has_keyboard, "the panel to have the keyboard")
+        stays(lambda: panel.has_keyboard, "the keyboard with the panel", 1.5)
+        keyboard.type_text("words")
+        field = accessible.application(process).find("Search prompts", "text")
+        until(lambda: field.text == "words", "the search to hold what was typed")
+
+    def test_for_a_new_prompt_opens_the_editor(self):
+        process = self.started_by(bus.perform, "new-prompt")
+        window = windows.wait_for(MAIN, process)
+        until(lambda: window.has_keyboard, "the main window to have the keyboard")
+        field = accessible.application(process).find("New Prompt", "dialog").find(role="text")
+        until(lambda: field.is_focused, "the title field to have the keyboard")
+        keyboard.type_text("From outside")
+        until(lambda: field.text == "From outside", "the title to hold what was typed")
 
 
 if __name__ == "__main__":

@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QTest>
 
 namespace Quillstacks {
 namespace {
@@ -277,10 +278,36 @@ TEST_F(Launch, theDesktopActionQuickAccessTogglesThePanel) {
     SingleInstance instance;
     QuillstacksApp app;
     app.serve(instance);
+    clock.advance(2s);
     Q_EMIT instance.actionActivated(QStringLiteral("quick-access"), QString());
     EXPECT_TRUE(panel().isVisible());
     Q_EMIT instance.actionActivated(QStringLiteral("quick-access"), QString());
     EXPECT_FALSE(panel().isVisible());
+}
+
+TEST_F(Launch, quickAccessAsTheActionOfAStartWaitsForTheMainWindowToHaveTheKeyboard) {
+    SingleInstance instance;
+    QuillstacksApp app;
+    app.serve(instance);
+    Q_EMIT instance.actionActivated(QStringLiteral("quick-access"), QString());
+    turn();
+    EXPECT_FALSE(panel().isVisible()) << "the main window has just been opened";
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&app.mainWindow()));
+    clock.advance(100ms); // its own wish for the keyboard is made by then
+    EXPECT_TRUE(panel().isVisible());
+}
+
+TEST_F(Launch, quickAccessAsTheActionOfAStartComesAlsoWhereTheMainWindowIsLeftBehind) {
+    SingleInstance instance;
+    QuillstacksApp app;
+    app.serve(instance);
+    Q_EMIT instance.actionActivated(QStringLiteral("quick-access"), QString());
+    turn();
+    app.mainWindow().hide();
+    clock.advance(1900ms);
+    EXPECT_FALSE(panel().isVisible());
+    clock.advance(200ms);
+    EXPECT_TRUE(panel().isVisible());
 }
 
 TEST_F(Launch, theDesktopActionNewPromptOpensTheWindowWithAnEditor) {

@@ -35,10 +35,11 @@ def owner():
     return _call(*DBUS, "GetConnectionUnixProcessID", GLib.Variant("(s)", (NAME,)))[0]
 
 
-def install_service(program):
+def install_service(program, home):
     """Lets the bus start the program by name, as the installed service file does. Undo it by what is returned."""
     services = Path(os.environ["XDG_RUNTIME_DIR"]).parent / "services"
     file = services / f"{NAME}.service"
-    file.write_text(f"[D-BUS Service]\nName={NAME}\nExec={program}\n")
+    environment = " ".join(f"{name}={value}" for name, value in home.environment().items())
+    file.write_text(f"[D-BUS Service]\nName={NAME}\nExec=/usr/bin/env {environment} {program}\n")
     _call(*DBUS, "ReloadConfig")
     return file.unlink
