@@ -7,6 +7,7 @@
 #include "interface/Theme.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
 #include <QWidget>
@@ -35,6 +36,7 @@ PermissionBannerModifier::PermissionBannerModifier(QWidget* shownOver, Permissio
     connect(&animation, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& now) { showPosition(now.toReal()); });
     connect(&animation, &QVariantAnimation::finished, this, [this] { banner->setVisible(position > 0); });
+    connect(qApp, &QApplication::focusChanged, this, &PermissionBannerModifier::focusMoved);
     connect(&manager, &PermissionManager::showPermissionAlertChanged, this, &PermissionBannerModifier::animate);
     if (manager.showPermissionAlert())
         animate(true, Springs::banner);
@@ -61,10 +63,26 @@ void PermissionBannerModifier::animate(bool isShown, const Spring& spring) {
         banner->show();
         QAccessibleEvent alert(banner, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
-    } else if (window->focusWidget() && banner->isAncestorOf(window->focusWidget())) {
-        window->focusWidget()->clearFocus();
+    } else {
+        giveFocusBack();
     }
     animation.start();
+}
+
+void PermissionBannerModifier::focusMoved(QWidget* from, QWidget* to) {
+    const bool hasCome = banner && from && to && banner->isAncestorOf(to) && !banner->isAncestorOf(from);
+    if (hasCome && window->isAncestorOf(from))
+        focusedBefore = from;
+}
+
+void PermissionBannerModifier::giveFocusBack() {
+    QWidget* focused = window->focusWidget();
+    if (!focused || !banner->isAncestorOf(focused))
+        return;
+    if (focusedBefore && focusedBefore->isVisible())
+        focusedBefore->setFocus(Qt::OtherFocusReason);
+    else
+        focused->clearFocus();
 }
 
 void PermissionBannerModifier::showPosition(qreal now) {

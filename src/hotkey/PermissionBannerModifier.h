@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QVariantAnimation>
+#include <QWidget>
 
 class QGraphicsOpacityEffect;
-class QWidget;
 
 namespace Quillstacks {
 
@@ -29,6 +30,8 @@ protected:
 
 private:
     void makeBanner();
+    void focusMoved(QWidget* from, QWidget* to);
+    void giveFocusBack();
     void animate(bool isShown, const Spring& spring);
     void showPosition(qreal now);
     void place();
@@ -37,7 +40,8 @@ private:
     PermissionManager& permissionManager;
     PermissionBannerView* banner = nullptr;
     QGraphicsOpacityEffect* fading = nullptr;
-    QVariantAnimation animation; ///< 0 out of sight, 1 in place
+    QPointer<QWidget> focusedBefore; ///< what the keyboard came from to the banner
+    QVariantAnimation animation;     ///< 0 out of sight, 1 in place
     qreal position = 0;
 };
 

@@ -101,6 +101,18 @@ TEST_F(PermissionBanner, itsButtonsAnswerTheKeyboard) {
     EXPECT_FALSE(manager.showPermissionAlert());
 }
 
+TEST_F(PermissionBanner, givesTheKeyboardBackToWhatHadIt) {
+    QLineEdit field(&window);
+    launch();
+    settle();
+    field.setFocus();
+    button("Open System Settings")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    ASSERT_TRUE(button("Dismiss")->hasFocus());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+    EXPECT_TRUE(field.hasFocus());
+}
+
 TEST_F(PermissionBanner, staysBeneathASheetThatIsOpenAlready) {
     window.resize(800, 600);
     window.show();

@@ -71,6 +71,22 @@ TEST_F(RecorderOnX, aRecordedShortcutThatIsHeldDownDoesNotFireUntilItIsPressedAn
     EXPECT_EQ(presses, 1);
 }
 
+TEST_F(RecorderOnX, eachModifierIsRecordedAsTheOneThatThenFires) {
+    int expected = 0;
+    for (const auto& [key, flag] : {std::pair(Key::control, 0x100000), std::pair(Key::super, 0x40000),
+                                    std::pair(Key::alt, 0x80000), std::pair(Key::shift, 0x20000)}) {
+        record();
+        press({key}, keyK);
+        EXPECT_TRUE(eventually([this] { return !view.isRecording(); })) << flag;
+        EXPECT_EQ(globalHotkeyModifiersPreference().value(), flag);
+        EXPECT_EQ(globalHotkeyKeyCodePreference().value(), 40);
+        wait();
+        press({key}, keyK);
+        ++expected;
+        EXPECT_TRUE(eventually([&] { return presses == expected; })) << flag;
+    }
+}
+
 TEST_F(RecorderOnX, anotherLayoutChangesNeitherTheCodeNorThePlace) {
     run(QStringLiteral("setxkbmap"), {QStringLiteral("fr")});
     record();
