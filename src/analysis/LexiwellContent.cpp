@@ -6,7 +6,6 @@
 #include "interface/Label.h"
 #include "LexiwellRows.h"
 #include "LexiwellSection.h"
-#include "PromptQualityScore.h"
 
 #include <QVBoxLayout>
 
@@ -16,9 +15,10 @@ namespace Quillstacks {
 namespace {
 
 constexpr int padding = 12;
-constexpr int resultSpacing = 8;
 constexpr int errorSpacing = 10;
+constexpr int errorTop = 20;
 constexpr int centredSpacing = 14;
+constexpr int titleGap = 8; ///< below the title of a failure
 
 struct Tip {
     const char* icon;
@@ -51,13 +51,6 @@ QWidget* makeCentred(const QString& name, QWidget* symbol, const QString& text) 
     return content;
 }
 
-QVBoxLayout* makeColumn(QWidget* content, int top, int spacing) {
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(padding, top, padding, padding);
-    column->setSpacing(spacing);
-    return column;
-}
-
 } // namespace
 
 QWidget* LexiwellContent::makeIdle() {
@@ -73,11 +66,13 @@ QWidget* LexiwellContent::makeLoading() {
 QWidget* LexiwellContent::makeError(const QString& message) {
     auto* content = new QWidget;
     content->setObjectName(QStringLiteral("LexiwellError"));
-    QVBoxLayout* column = makeColumn(content, 20, errorSpacing);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(padding, errorTop, padding, padding);
+    column->setSpacing(errorSpacing);
     column->addWidget(new GreySymbol(QStringLiteral("exclamationmark.triangle.fill"), 32, white(0.45F)), 0,
                       Qt::AlignHCenter);
     auto* words = new QVBoxLayout;
-    words->setContentsMargins(0, 0, 0, resultSpacing);
+    words->setContentsMargins(0, 0, 0, titleGap);
     words->setSpacing(2);
     auto* title = new Label(QStringLiteral("Analysis Failed"), TextStyle::headline);
     title->setColor(white(0.3F));
@@ -98,31 +93,6 @@ QWidget* LexiwellContent::makeError(const QString& message) {
     for (const Tip& tip : tips)
         section->add(new TroubleshootingItem(QLatin1String(tip.icon), QLatin1String(tip.text)));
     column->addWidget(section);
-    column->addStretch();
-    return content;
-}
-
-QWidget* LexiwellContent::makeResult(const PromptAnalysis& analysis) {
-    auto* content = new QWidget;
-    content->setObjectName(QStringLiteral("LexiwellResult"));
-    QVBoxLayout* column = makeColumn(content, padding, resultSpacing);
-    column->addWidget(new PromptQualityScore(analysis.rating, analysis.maxRating));
-    auto* summary = new LexiwellSection(QStringLiteral("brain"), QStringLiteral("LLM Interpretation"));
-    summary->add(wrapped(analysis.summary, TextStyle::subheadline));
-    column->addWidget(summary);
-    if (!analysis.strengths.isEmpty()) {
-        auto* strengths = new LexiwellSection(QStringLiteral("checkmark.seal.fill"), QStringLiteral("Strengths"));
-        for (const PromptAnalysis::Strength& each : analysis.strengths)
-            strengths->add(new StrengthRow(each.name, each.description));
-        column->addWidget(strengths);
-    }
-    if (!analysis.recommendations.isEmpty()) {
-        auto* section = new LexiwellSection(QStringLiteral("lightbulb.fill"), QStringLiteral("Recommendations"));
-        section->setSpacing(errorSpacing);
-        for (const PromptAnalysis::Recommendation& each : analysis.recommendations)
-            section->add(new RecommendationRow(each.name, each.description, each.priority));
-        column->addWidget(section);
-    }
     column->addStretch();
     return content;
 }

@@ -1,18 +1,17 @@
 #pragma once
 
-#include "analysis/answer/PromptAnalysis.h"
+#include <QString>
 
 class QWidget;
 
 namespace Quillstacks {
 
-/// What stands below the panel's header, one for each of its states. The caller owns the widget.
+/// What stands below the panel's header, one for each of its states without a result. The caller owns the widget.
 namespace LexiwellContent {
 
 [[nodiscard]] QWidget* makeIdle();
 [[nodiscard]] QWidget* makeLoading();
 [[nodiscard]] QWidget* makeError(const QString& message);
-[[nodiscard]] QWidget* makeResult(const PromptAnalysis& analysis);
 
 } // namespace LexiwellContent
 } // namespace Quillstacks

@@ -123,6 +123,12 @@ void LexiwellHelpPopover::mousePressEvent(QMouseEvent* event) {
     event->accept(); // what lies beneath is not meant
 }
 
+// The way on begins at the button again: this lies at no place of its own among the stops.
+bool LexiwellHelpPopover::focusNextPrevChild(bool) {
+    dismiss();
+    return true;
+}
+
 bool LexiwellHelpPopover::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize && watched == parent()) {
         dismiss();

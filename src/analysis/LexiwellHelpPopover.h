@@ -5,8 +5,8 @@
 
 namespace Quillstacks {
 
-/// What Lexiwell is, beside the button that asked for it. It lies within the window, and goes by Escape, by a press
-/// anywhere else and by a change of the window's size.
+/// What Lexiwell is, beside the button that asked for it. It lies within the window, and goes by Escape or Tab, by a
+/// press anywhere else and by a change of the window's size.
 class LexiwellHelpPopover final : public QWidget {
     Q_OBJECT
 public:
@@ -23,6 +23,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     LexiwellHelpPopover(QWidget* anchor, QWidget* ground);

@@ -8,9 +8,15 @@
 #include "interface/ScrollArea.h"
 #include "LexiwellContent.h"
 #include "LexiwellHelpPopover.h"
+#include "LexiwellResult.h"
 #include "LexiwellTitleButton.h"
 
+#include <QKeyEvent>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
 
 namespace Quillstacks {
 namespace {
@@ -27,6 +33,7 @@ LexiwellPanel::LexiwellPanel(std::function<void()> analyze, QWidget* parent)
     setObjectName(QStringLiteral("LexiwellPanel"));
     scroll = new ScrollArea;
     scroll->setMinimumHeight(1); // it is squeezed away while the panel folds
+    connect(scroll->verticalScrollBar(), &QScrollBar::valueChanged, this, &LexiwellPanel::showMore);
     area = new QWidget;
     auto* inner = new QVBoxLayout(area);
     inner->setContentsMargins(0, 0, 0, 0);
@@ -77,11 +84,15 @@ bool LexiwellPanel::showingHelpPopover() const {
 }
 
 void LexiwellPanel::setAnalysis(const std::optional<PromptAnalysis>& analysis) {
+    if (analysis == lastAnalysis)
+        return;
     lastAnalysis = analysis;
     refreshContent();
 }
 
 void LexiwellPanel::setErrorMessage(const std::optional<QString>& message) {
+    if (message == lastError)
+        return;
     lastError = message;
     refreshContent();
 }
@@ -118,8 +129,8 @@ void LexiwellPanel::toggleHelpPopover() {
 void LexiwellPanel::refreshHeader() {
     const QString title = QStringLiteral("Analyze");
     analyzeButton->setTitle(loading ? QString() : title);
-    analyzeButton->setBusy(loading);
     analyzeButton->setAccessibleName(title);
+    analyzeButton->setBusy(loading);
     analyzeButton->setEnabled(!loading && !promptEmpty);
     analyzeButton->setToolTip(promptEmpty ? QStringLiteral("Write a prompt to analyze")
                                           : QStringLiteral("Analyze prompt quality"));
@@ -134,15 +145,32 @@ void LexiwellPanel::refreshContent() {
     else if (lastError)
         scroll->setContent(LexiwellContent::makeError(*lastError));
     else if (lastAnalysis)
-        scroll->setContent(LexiwellContent::makeResult(*lastAnalysis));
+        scroll->setContent(new LexiwellResult(*lastAnalysis));
     else
         scroll->setContent(LexiwellContent::makeIdle());
     showArea();
 }
 
+// Before the end is in sight there is more to be seen.
+void LexiwellPanel::showMore() {
+    const QScrollBar* bar = scroll->verticalScrollBar();
+    auto* result = qobject_cast<LexiwellResult*>(scroll->widget());
+    if (result && bar->maximum() - bar->value() < 2 * bar->pageStep())
+        result->showMore();
+}
+
 // A content that folds stays until nothing is left of its room.
 void LexiwellPanel::showArea() {
     area->setVisible(!collapsed || (isVisible() && height() > wholeHeaderHeight));
+}
+
+// Nothing in the content takes the keyboard: the header's buttons leave these keys over for it.
+void LexiwellPanel::keyPressEvent(QKeyEvent* event) {
+    static constexpr std::array keys{Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    if (collapsed || std::ranges::find(keys, event->key()) == keys.end())
+        return QWidget::keyPressEvent(event);
+    scroll->scrollByKey(event);
+    event->accept();
 }
 
 void LexiwellPanel::resizeEvent(QResizeEvent*) {

@@ -17,7 +17,7 @@ class LexiwellTitleButton;
 class ScrollArea;
 
 /// The panel that starts the analysis of a prompt and shows what came of it. It holds no logic of its own. Its frame is
-/// the editor's business.
+/// the editor's business. Page Up and Down, Home and End scroll the content from the header.
 class LexiwellPanel final : public QWidget {
     Q_OBJECT
 public:
@@ -51,12 +51,14 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* buildHeader();
     void refreshHeader();
     void refreshContent();
+    void showMore();
     void showArea();
 
     std::function<void()> onAnalyze;

@@ -17,7 +17,8 @@ constexpr int lineHeight = 11;
 constexpr int sidePadding = 6;
 constexpr int endPadding = 2;
 constexpr qreal radius = 4;
-constexpr int longest = 200; ///< logical pixels; a model may say anything
+constexpr int longest = 200;     ///< logical pixels; a model may say anything
+constexpr int longestText = 200; ///< in UTF-16 units, more than can be shown
 
 QFont badgeFont() {
     return absoluteFont(fontSize, QFont::DemiBold);
@@ -37,7 +38,7 @@ QString capitalized(const QString& text) {
 } // namespace
 
 PriorityBadge::PriorityBadge(const QString& priority, QWidget* parent)
-    : QWidget(parent), shown(capitalized(priority)), ground(priorityColor(priority)) {
+    : QWidget(parent), shown(capitalized(priority.left(longestText))), ground(priorityColor(priority)) {
     setObjectName(QStringLiteral("PriorityBadge"));
     setAccessibleName(shown);
     setAccessibleTraits(this, {.role = QAccessible::StaticText, .press = {}, .isChecked = {}, .isSelected = {}});

@@ -80,7 +80,7 @@ void Button::setBusy(bool busy) {
     if (busy == (indicator != nullptr))
         return;
     if (busy) {
-        indicator = new BusyIndicator(text(), this, indicatorSize);
+        indicator = new BusyIndicator(accessibleName(), this, indicatorSize);
         indicator->setAttribute(Qt::WA_TransparentForMouseEvents);
         placeIndicator();
         indicator->show();
@@ -171,7 +171,8 @@ qreal Button::contentLeft() const {
 void Button::placeIndicator() {
     if (!indicator)
         return;
-    indicator->setAccessibleName(text());
+    if (!accessibleName().isEmpty()) // a button may show the arc alone, and be named all the same
+        indicator->setAccessibleName(accessibleName());
     indicator->setGeometry(static_cast<int>(contentLeft()), (height() - indicatorSize) / 2, indicatorSize,
                            indicatorSize);
 }

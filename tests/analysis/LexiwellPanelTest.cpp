@@ -1,10 +1,13 @@
 #include "analysis/LexiwellPanel.h"
 #include "GreySymbol.h"
 #include "interface/BusyIndicator.h"
+#include "interface/ScrollArea.h"
 #include "LexiwellHelpPopover.h"
 #include "LexiwellRows.h"
 #include "PanelFixture.h"
 #include "PriorityBadge.h"
+
+#include <QScrollBar>
 
 namespace Quillstacks {
 
@@ -65,6 +68,9 @@ TEST_F(LexiwellPanelTest, whileAnAnalysisRunsTheButtonTurnsAndTakesNoPress) {
     EXPECT_EQ(analyze().text(), QString());
     ASSERT_TRUE(analyze().findChild<BusyIndicator*>());
     EXPECT_EQ(analyze().findChild<BusyIndicator*>()->size(), QSize(16, 16));
+    EXPECT_FALSE(analyze().findChild<BusyIndicator*>()->isEnabled()) << "it is dimmed with its button";
+    for (const BusyIndicator* indicator : panel.findChildren<BusyIndicator*>())
+        EXPECT_FALSE(indicator->accessibleName().isEmpty());
     EXPECT_EQ(shownTexts(), QStringList{QStringLiteral("Analyzing prompt...")});
     panel.setPromptEmpty(true);
     panel.setLoading(false);
@@ -145,6 +151,82 @@ TEST_F(LexiwellPanelTest, longTextsStayWithinThePanelAndScroll) {
         EXPECT_LE(badge->mapTo(&panel, badge->rect().topRight()).x(), panel.width());
 }
 
+TEST_F(LexiwellPanelTest, aLongResultIsScrolledByKeysFromTheHeader) {
+    PromptAnalysis analysis = sample();
+    analysis.summary = QStringLiteral("word ").repeated(2000);
+    panel.setAnalysis(analysis);
+    QCoreApplication::processEvents();
+    const QScrollBar* bar = panel.findChild<ScrollArea*>()->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    window.activateWindow();
+    for (const char* name : {"Lexiwell", "Analyze", "Collapse Lexiwell"}) {
+        auto* button = named(panel, name);
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_PageDown);
+        EXPECT_EQ(bar->value(), std::min(bar->pageStep(), bar->maximum())) << name;
+        QTest::keyClick(button, Qt::Key_End);
+        EXPECT_EQ(bar->value(), bar->maximum()) << name;
+        QTest::keyClick(button, Qt::Key_Home);
+        EXPECT_EQ(bar->value(), 0) << name;
+    }
+}
+
+TEST_F(LexiwellPanelTest, theRowsOfAListWithoutEndAreMadeAsTheyAreScrolledTo) {
+    PromptAnalysis analysis = sample();
+    analysis.strengths = QList<PromptAnalysis::Strength>(150, {QStringLiteral("strong"), QStringLiteral("why")});
+    analysis.recommendations = QList<PromptAnalysis::Recommendation>(
+        300000, {QStringLiteral("better"), QStringLiteral("how"), QStringLiteral("low")});
+    panel.setAnalysis(analysis);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(panel.findChildren<StrengthRow*>().size(), 100);
+    EXPECT_FALSE(shownTexts().contains(QStringLiteral("Recommendations"))) << "it comes after all strengths";
+    QScrollBar* bar = panel.findChild<ScrollArea*>()->verticalScrollBar();
+    for (int times = 1; times <= 3; ++times) {
+        const int before = bar->maximum();
+        bar->setValue(before);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > before; })) << "there is more below";
+    }
+    EXPECT_EQ(panel.findChildren<StrengthRow*>().size(), 150);
+    EXPECT_EQ(panel.findChildren<RecommendationRow*>().size(), 250);
+    EXPECT_TRUE(shownTexts().contains(QStringLiteral("Recommendations")));
+}
+
+TEST_F(LexiwellPanelTest, aTextOfMegabytesShowsItsBeginning) {
+    PromptAnalysis analysis = sample();
+    const QString endless = QStringLiteral("word ").repeated(1000000);
+    analysis.summary = endless;
+    analysis.strengths[0] = {endless, endless};
+    analysis.recommendations[0] = {endless, endless, endless};
+    panel.setAnalysis(analysis);
+    QCoreApplication::processEvents();
+    int shortened = 0;
+    for (const QLabel* label : panel.findChildren<QLabel*>()) {
+        ASSERT_LE(label->text().size(), 20001);
+        shortened += label->text() == endless.first(20000) + QChar(u'…') ? 1 : 0;
+    }
+    EXPECT_GE(shortened, 3);
+    for (const PriorityBadge* badge : panel.findChildren<PriorityBadge*>())
+        EXPECT_LE(badge->text().size(), 200);
+    // What comes after long rows is reached all the same.
+    QScrollBar* bar = panel.findChild<ScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shownTexts().contains(QStringLiteral("Alpha")); }));
+}
+
+TEST_F(LexiwellPanelTest, theSameResultAgainKeepsItsPlace) {
+    PromptAnalysis analysis = sample();
+    analysis.summary = QStringLiteral("word ").repeated(2000);
+    panel.setAnalysis(analysis);
+    QCoreApplication::processEvents();
+    QScrollBar* bar = panel.findChild<ScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    ASSERT_GT(bar->value(), 0);
+    panel.setAnalysis(analysis);
+    panel.setErrorMessage({});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar->value(), bar->maximum());
+}
+
 TEST_F(LexiwellPanelTest, collapsedItIsItsHeaderAndStillAnalyzes) {
     auto* button = named(panel, "Collapse Lexiwell");
     ASSERT_TRUE(button);
@@ -201,6 +283,19 @@ TEST_F(LexiwellPanelTest, theHelpGoesByEscapeAndByAPressElsewhere) {
     EXPECT_TRUE(panel.showingHelpPopover());
     QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(5, 5));
     EXPECT_FALSE(panel.showingHelpPopover());
+}
+
+TEST_F(LexiwellPanelTest, tabGivesTheKeyboardBackFromTheHelpToItsButton) {
+    auto* title = named(panel, "Lexiwell");
+    window.activateWindow();
+    for (const auto modifiers : {Qt::NoModifier, Qt::ShiftModifier}) {
+        title->setFocus();
+        panel.toggleHelpPopover();
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab, modifiers);
+        EXPECT_FALSE(panel.showingHelpPopover());
+        EXPECT_TRUE(title->hasFocus());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 TEST_F(LexiwellPanelTest, theHelpGoesWithItsPanel) {

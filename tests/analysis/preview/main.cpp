@@ -104,6 +104,9 @@ int main(int argc, char** argv) {
     if (arguments.size() < 2)
         return 1;
     const TestPreferences preferences;
+    QFont font(QStringLiteral("Inter"));
+    font.setPointSizeF(10.5);
+    QApplication::setFont(font);
     const bool light = arguments.contains(QStringLiteral("light"));
     appearanceModePreference().set(light ? AppearanceMode::light : AppearanceMode::dark);
     installStyle(application);
