@@ -3,6 +3,7 @@
 #include "foundation/LocalizedError.h"
 #include "foundation/Log.h"
 #include "foundation/MainQueue.h"
+#include "interface/Accessible.h"
 #include "interface/Label.h"
 #include "interface/Switch.h"
 #include "interface/SymbolImage.h"
@@ -61,8 +62,9 @@ void LaunchAtLoginSettingsView::build() {
 }
 
 QWidget* LaunchAtLoginSettingsView::buildFeedback() {
-    auto* feedbackLine = new QWidget;
+    feedbackLine = new QWidget;
     feedbackLine->setFixedHeight(feedbackHeight);
+    setAccessibleTraits(feedbackLine, {QAccessible::AlertMessage, {}, {}, {}});
     successSymbol = new SymbolImage(QStringLiteral("checkmark.circle"), symbolSize, ColorRole::green, feedbackLine);
     failureSymbol =
         new SymbolImage(QStringLiteral("exclamationmark.triangle"), symbolSize, ColorRole::red, feedbackLine);
@@ -150,6 +152,9 @@ void LaunchAtLoginSettingsView::showFeedback(FeedbackMessage message) {
     successSymbol->setVisible(!feedbackMessage->isError);
     failureSymbol->setVisible(feedbackMessage->isError);
     feedbackText->show();
+    feedbackLine->setAccessibleName(feedbackMessage->text);
+    QAccessibleEvent alert(feedbackLine, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
     fade.jump(0);
     fade.to(1);
 }

@@ -46,6 +46,7 @@ private:
 
     quint64 changes = 0;
     Switch* toggle = nullptr;
+    QWidget* feedbackLine = nullptr;
     Label* feedbackText = nullptr;
     SymbolImage* successSymbol = nullptr;
     SymbolImage* failureSymbol = nullptr;

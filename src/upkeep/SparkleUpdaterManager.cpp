@@ -2,6 +2,7 @@
 
 #include "foundation/Clock.h"
 #include "foundation/LocalizedError.h"
+#include "upkeep/UpdatePreferences.h"
 
 #include <cstdio>
 
@@ -20,6 +21,7 @@ SparkleUpdaterManager& SparkleUpdaterManager::shared() {
 SparkleUpdaterManager::SparkleUpdaterManager(UpdateOrigin theOrigin, QObject* parent)
     : QObject(parent), origin(std::move(theOrigin)), updaterController(delegate(), origin.publicKey) {
     start();
+    followPreference();
 }
 
 Updater::Delegate SparkleUpdaterManager::delegate() {
@@ -41,6 +43,13 @@ void SparkleUpdaterManager::start() {
     }
 }
 
+void SparkleUpdaterManager::followPreference() {
+    // Here rather than where the switch is: a restore takes the choice back while nothing shows it.
+    const auto& checks = automaticallyCheckForUpdatesPreference();
+    checks.observe(this,
+                   [this, &checks] { updaterController.updater().setAutomaticallyChecksForUpdates(checks.value()); });
+}
+
 void SparkleUpdaterManager::checkForUpdates() {
     if (checking || inProgress)
         return;
@@ -51,7 +60,12 @@ void SparkleUpdaterManager::checkForUpdates() {
 }
 
 QString SparkleUpdaterManager::feedURLString() const {
-    return origin.address.isEmpty() ? QString() : origin.address + QStringLiteral("/updater/appcast.xml");
+    if (origin.address.isEmpty())
+        return {};
+    QString address = origin.address;
+    while (address.endsWith(u'/'))
+        address.chop(1);
+    return address + QStringLiteral("/updater/appcast.xml");
 }
 
 void SparkleUpdaterManager::updaterDidNotFindUpdate() {

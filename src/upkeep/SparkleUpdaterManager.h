@@ -49,6 +49,7 @@ private:
     [[nodiscard]] QString errorText() const { return error.value_or(QString()); }
     [[nodiscard]] Updater::Delegate delegate();
     void start();
+    void followPreference();
 
     bool checking = false;
     bool available = false;

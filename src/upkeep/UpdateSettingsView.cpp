@@ -30,14 +30,9 @@ UpdateSettingsView::UpdateSettingsView(SparkleUpdaterManager& manager, QWidget* 
     const auto& downloads = automaticallyDownloadUpdatesPreference();
     connect(checkSwitch, &QAbstractButton::toggled, this, [&checks](bool on) { checks.set(on); });
     connect(downloadSwitch, &QAbstractButton::toggled, this, [&downloads](bool on) { downloads.set(on); });
-    checks.observe(this, [this, &checks] {
-        followPreferences();
-        updaterManager.updaterController.updater().setAutomaticallyChecksForUpdates(checks.value());
-    });
-    downloads.observe(this, [this, &downloads] {
-        followPreferences();
-        updaterManager.updaterController.updater().setAutomaticallyDownloadsUpdates(downloads.value());
-    });
+    // The manager hands them on to the updater.
+    checks.observe(this, [this] { followPreferences(); });
+    downloads.observe(this, [this] { followPreferences(); });
     connect(checkButton, &QAbstractButton::clicked, this, [this] { updaterManager.checkForUpdates(); });
     connect(&updaterManager, &SparkleUpdaterManager::changed, this, &UpdateSettingsView::followManager);
 }

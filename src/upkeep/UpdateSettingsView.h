@@ -11,7 +11,7 @@ class SparkleUpdaterManager;
 class Switch;
 
 /// The settings card of the updates: whether to look for them and to download them without being asked, and a look
-/// right now. The switches follow the two preferences, and the updater follows the switches.
+/// right now. The switches follow the two preferences, and so does the updater.
 class UpdateSettingsView final : public QWidget {
     Q_OBJECT
 public:

@@ -72,6 +72,8 @@ void UpdateUserDriver::say(Notice notice, bool isAwaited) {
         Alert::show(host, notice.text, confirmed);
         return;
     }
+    if (const Sheet* above = host ? Sheet::top(host) : nullptr)
+        connect(above, &Sheet::closed, this, &UpdateUserDriver::sayPending, Qt::QueuedConnection);
     pending = [this, notice] { say(notice, false); };
 }
 

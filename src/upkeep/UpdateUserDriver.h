@@ -1,7 +1,7 @@
 #pragma once
 
 #include "interface/Alert.h"
-#include "upkeep/UpdateItem.h"
+#include "upkeep/feed/UpdateItem.h"
 
 #include <QObject>
 

@@ -5,7 +5,7 @@
 #include "foundation/MainQueue.h"
 #include "platform/UpdateError.h"
 #include "platform/Updates.h"
-#include "upkeep/Appcast.h"
+#include "upkeep/feed/Appcast.h"
 #include "upkeep/UpdatePreferences.h"
 #include "upkeep/UpdateUserDriver.h"
 
@@ -41,14 +41,21 @@ QVersionNumber presentVersion() {
 } // namespace
 
 Updater::Updater(Delegate theDelegate, UpdateUserDriver& driver, QByteArray key)
-    : delegate(std::move(theDelegate)), userDriver(driver), publicKey(std::move(key)),
-      downloadsByItself(automaticallyDownloadUpdatesPreference().value()) {}
+    : delegate(std::move(theDelegate)), userDriver(driver), publicKey(std::move(key)) {}
 
 void Updater::setAutomaticallyChecksForUpdates(bool checks) {
     if (checksByItself == checks)
         return;
     checksByItself = checks;
     scheduleNextCheck();
+}
+
+bool Updater::automaticallyDownloadsUpdates() const {
+    return automaticallyDownloadUpdatesPreference().value();
+}
+
+void Updater::setAutomaticallyDownloadsUpdates(bool downloads) {
+    automaticallyDownloadUpdatesPreference().set(downloads);
 }
 
 void Updater::setUpdateCheckInterval(double seconds) {
@@ -144,7 +151,7 @@ void Updater::conclude(const QByteArray& feed) {
         return findNothing();
     }
     Log::general.info(QStringLiteral("Found update %1").arg(found->version.toString()));
-    if (downloadsByItself && !wasAwaited)
+    if (automaticallyDownloadsUpdates() && !wasAwaited)
         download(*found, false);
     else
         userDriver.showUpdateFound(*found, wasAwaited, [self = QPointer(this), item = *found] {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "upkeep/UpdateItem.h"
+#include "upkeep/feed/UpdateItem.h"
 
 #include <QCoroTask>
 
@@ -28,9 +28,9 @@ public:
 
     [[nodiscard]] bool automaticallyChecksForUpdates() const { return checksByItself; }
     void setAutomaticallyChecksForUpdates(bool checks);
-    /// Lasts from run to run, in the preference of that name.
-    [[nodiscard]] bool automaticallyDownloadsUpdates() const { return downloadsByItself; }
-    void setAutomaticallyDownloadsUpdates(bool downloads) { downloadsByItself = downloads; }
+    /// Lasts from run to run: it is the preference of that name.
+    [[nodiscard]] bool automaticallyDownloadsUpdates() const;
+    void setAutomaticallyDownloadsUpdates(bool downloads);
     /// In seconds.
     void setUpdateCheckInterval(double seconds);
 
@@ -56,7 +56,6 @@ private:
     UpdateUserDriver& userDriver;
     QByteArray publicKey;
     bool checksByItself = false;
-    bool downloadsByItself = false;
     double interval = 86400;
     std::optional<QString> startFailure; ///< empty from the start on
     bool isStarted = false;

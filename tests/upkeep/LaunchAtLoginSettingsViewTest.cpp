@@ -9,9 +9,12 @@
 #include "support/ShownSymbol.h"
 #include "support/TestPreferences.h"
 
+#include <QAccessible>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace Quillstacks {
 namespace {
@@ -186,6 +189,17 @@ TEST_F(LaunchAtLogin, theFeedbackHasItsSymbolAndItsColour) {
     EXPECT_TRUE(
         showsSymbol(*view, QStringLiteral("exclamationmark.triangle"), 14, Theme::shared().color(ColorRole::red)));
     EXPECT_EQ(view->sizeHint().height(), height) << "the line has its room before anything stands there";
+}
+
+TEST_F(LaunchAtLogin, theFeedbackIsToldToAssistiveTools) {
+    open();
+    press();
+    const auto parts = view->findChildren<QWidget*>();
+    const auto line = std::ranges::find_if(parts, [](QWidget* part) {
+        return QAccessible::queryAccessibleInterface(part)->role() == QAccessible::AlertMessage;
+    });
+    ASSERT_NE(line, parts.end());
+    EXPECT_EQ((*line)->accessibleName(), view->feedbackMessage->text);
 }
 
 TEST_F(LaunchAtLogin, nothingHappensAfterItsEnd) {

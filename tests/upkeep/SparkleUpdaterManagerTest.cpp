@@ -24,6 +24,8 @@ TEST_F(UpdaterManager, startsWithItsInitialValues) {
 TEST_F(UpdaterManager, theFeedHasItsPathBelowTheOrigin) {
     launch();
     EXPECT_EQ(manager->feedURLString(), QStringLiteral("https://example.org/updater/appcast.xml"));
+    launch({QStringLiteral("https://example.org/"), QByteArray(32, 'k')});
+    EXPECT_EQ(manager->feedURLString(), QStringLiteral("https://example.org/updater/appcast.xml"));
 }
 
 TEST_F(UpdaterManager, aFailedStartIsToldAndTheProgramGoesOnWithoutUpdates) {
@@ -127,6 +129,17 @@ TEST_F(UpdaterManager, oddity_anAutomaticCheckThatFindsNothingClearsTheSpinnerOf
     pass(24h);
     EXPECT_FALSE(manager->isCheckingForUpdates());
     EXPECT_EQ(manager->lastUpdateCheckDate(), Clock::now());
+}
+
+TEST_F(UpdaterManager, whenAllPreferencesAreRemovedBothChoicesAreWhatTheyWereAtFirst) {
+    launch();
+    preferences->set(QStringLiteral("automaticallyCheckForUpdates"), false);
+    preferences->set(QStringLiteral("automaticallyDownloadUpdates"), true);
+    EXPECT_FALSE(updater().automaticallyChecksForUpdates());
+    EXPECT_TRUE(updater().automaticallyDownloadsUpdates());
+    preferences->removePersistentDomain();
+    EXPECT_TRUE(updater().automaticallyChecksForUpdates());
+    EXPECT_FALSE(updater().automaticallyDownloadsUpdates());
 }
 
 TEST_F(UpdaterManager, oddity_eachLaunchTurnsAutomaticChecksOnWhateverIsStored) {

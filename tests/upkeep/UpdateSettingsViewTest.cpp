@@ -34,6 +34,26 @@ protected:
                 result += label->text();
         return result;
     }
+    [[nodiscard]] Label* label(const char* text) const {
+        for (Label* each : view->findChildren<Label*>())
+            if (each->text() == QString::fromLatin1(text))
+                return each;
+        return nullptr;
+    }
+    /// Whether a stroke of the text has this colour, but for the smoothing of its edges.
+    static bool isWrittenIn(QWidget& widget, const QColor& color) {
+        constexpr int smoothing = 40;
+        const QImage picture = widget.grab().toImage();
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor found = picture.pixelColor(x, y);
+                if (std::abs(found.red() - color.red()) + std::abs(found.green() - color.green()) +
+                        std::abs(found.blue() - color.blue()) <
+                    smoothing)
+                    return true;
+            }
+        return false;
+    }
     [[nodiscard]] std::optional<bool> stored(const char* key) { return preferences->boolean(QString::fromLatin1(key)); }
 
     std::unique_ptr<UpdateSettingsView> view;
@@ -99,6 +119,18 @@ TEST_F(UpdateSettings, aSwitchTurnedOffStaysOffUntilTheNextLaunch) {
     EXPECT_TRUE(checks()->isChecked());
 }
 
+TEST_F(UpdateSettings, openedAfterARestoreItShowsTheDefaults) {
+    open();
+    QTest::mouseClick(downloads(), Qt::LeftButton);
+    QTest::mouseClick(checks(), Qt::LeftButton);
+    view.reset();
+    preferences->removePersistentDomain();
+    open();
+    EXPECT_TRUE(checks()->isChecked());
+    EXPECT_FALSE(downloads()->isChecked());
+    EXPECT_EQ(stored("automaticallyDownloadUpdates"), false);
+}
+
 TEST_F(UpdateSettings, theButtonStartsACheckAndIsDisabledWhileItRuns) {
     open();
     QTest::mouseClick(button(), Qt::LeftButton);
@@ -133,6 +165,7 @@ TEST_F(UpdateSettings, anAvailableUpdateIsSaidInGreen) {
     open();
     manager->setUpdateAvailable(true);
     EXPECT_TRUE(texts().contains(QStringLiteral("Update Available!")));
+    EXPECT_TRUE(isWrittenIn(*label("Update Available!"), Theme::shared().color(ColorRole::green)));
     EXPECT_TRUE(button()->isEnabled());
     manager->setUpdateAvailable(false);
     EXPECT_FALSE(texts().contains(QStringLiteral("Update Available!")));

@@ -88,6 +88,19 @@ TEST_F(UpdaterChecks, aCheckByHandThatFailsSaysWhy) {
     EXPECT_TRUE(alert().contains(QStringLiteral("The update server leads to an address that is not secure.")));
 }
 
+TEST_F(UpdaterChecks, whateverKeepsAServerFromAnsweringIsSaid) {
+    using Case = UpdateError::Case;
+    for (const Case what :
+         {Case::notSecure, Case::notReached, Case::insecureRedirect, Case::badStatus, Case::timedOut, Case::tooLarge}) {
+        launch();
+        failWith(what);
+        check();
+        EXPECT_EQ(alert(), (QStringList{QStringLiteral("No update"),
+                                        UpdateError(what, QStringLiteral("so")).errorDescription()}));
+        answer("OK");
+    }
+}
+
 TEST_F(UpdaterChecks, aMalformedFeedIsAFailureAndNotNothing) {
     launch();
     desktop.fetchAnswer = [](const QUrl&) { return QByteArray("<rss><channel>"); };
@@ -165,7 +178,8 @@ TEST_F(UpdaterChecks, downloadsByItselfOnlyWhereThatIsChosen) {
 }
 
 TEST_F(UpdaterChecks, theChoiceToDownloadLastsFromRunToRun) {
-    preferences->set(QStringLiteral("automaticallyDownloadUpdates"), true);
+    launch();
+    updater().setAutomaticallyDownloadsUpdates(true);
     launch();
     EXPECT_TRUE(updater().automaticallyDownloadsUpdates());
 }
@@ -187,15 +201,17 @@ TEST_F(UpdaterChecks, aNewsThatNobodyAskedForWaitsForTheEndOfASheet) {
     publish({feedItem({})});
     pass(3s);
     EXPECT_EQ(Sheet::top(&window), sheet);
+    Sheet* above = Sheet::present(&window, std::make_unique<QWidget>(), {});
+    above->dismiss();
+    pass();
+    EXPECT_EQ(Sheet::top(&window), sheet);
     sheet->dismiss();
-    pass(1s);
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    openWindow();
+    EXPECT_FALSE(Sheet::top(&window)) << "not from within what ends the sheet";
     pass();
     EXPECT_TRUE(alert().contains(QStringLiteral("A new version of Quillstacks is available")));
+    answer("Later");
+    pass();
+    EXPECT_TRUE(alert().isEmpty()) << "once";
 }
 
 TEST_F(UpdaterChecks, aCheckByHandJoinsOneThatRuns) {

@@ -9,7 +9,7 @@
 #include "platform/UpdateError.h"
 #include "support/LogCapture.h"
 #include "support/TestPreferences.h"
-#include "UpdateFeeds.h"
+#include "upkeep/feed/UpdateFeeds.h"
 #include "upkeep/SparkleUpdaterManager.h"
 
 #include <QTest>

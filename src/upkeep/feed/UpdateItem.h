@@ -7,7 +7,7 @@
 
 namespace Quillstacks {
 
-/// One version of the program, as the appcast announces it for this computer.
+/// One version of the program, as the appcast announces it for this computer. Its texts are single lines.
 struct UpdateItem {
     QVersionNumber version; ///< what is compared, with the program's own
     QString displayVersion; ///< what the user reads

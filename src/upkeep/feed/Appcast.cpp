@@ -1,4 +1,4 @@
-#include "upkeep/Appcast.h"
+#include "upkeep/feed/Appcast.h"
 
 #include "platform/UpdateError.h"
 
@@ -12,13 +12,29 @@ namespace Quillstacks::Appcast {
 namespace {
 
 constexpr qsizetype signatureLength = 64;
+constexpr qsizetype longestAddress = 2048;
 
 bool isSparkle(QStringView nameSpace) {
     return nameSpace == QStringLiteral("http://www.andymatuschak.org/xml-namespaces/sparkle");
 }
 
+/// A text of the feed's, as an alert or the log can show it: one line, not a long one, without what turns writing
+/// round or is not seen at all.
+QString forReading(const QString& text) {
+    QString line = text.left(2 * longestText).simplified();
+    line.removeIf([](QChar letter) { return !letter.isPrint() && !letter.isSurrogate(); });
+    line.truncate(longestText);
+    if (!line.isEmpty() && line.back().isHighSurrogate())
+        line.chop(1);
+    return line;
+}
+
+/// The reason stands within a sentence, and may quote names of the feed's.
 [[noreturn]] void refuse(const QString& what) {
-    throw UpdateError(UpdateError::Case::unreadableFeed, what);
+    QString reason = forReading(what);
+    while (reason.endsWith(u'.'))
+        reason.chop(1);
+    throw UpdateError(UpdateError::Case::unreadableFeed, reason);
 }
 
 /// What an item says, before it is judged.
@@ -43,12 +59,16 @@ bool isForThisComputer(const QString& os) {
 
 /// Digits and dots alone: anything else is no release.
 QVersionNumber versionOf(const QString& text) {
+    if (text.size() > longestText)
+        return {};
     qsizetype end = 0;
     const QVersionNumber version = QVersionNumber::fromString(text, &end);
     return end == text.size() ? version.normalized() : QVersionNumber();
 }
 
 QUrl secureUrl(const QString& text) {
+    if (text.size() > longestAddress)
+        return {};
     const QUrl url(text, QUrl::StrictMode);
     return url.isValid() && url.scheme() == QStringLiteral("https") && !url.host().isEmpty() ? url : QUrl();
 }
@@ -58,8 +78,8 @@ std::optional<UpdateItem> judged(const Draft& draft) {
     const QString version = draft.version.isEmpty() ? draft.sparkle("version") : draft.version;
     const QString shown = draft.shortVersion.isEmpty() ? draft.sparkle("shortVersionString") : draft.shortVersion;
     item.version = versionOf(version);
-    item.displayVersion = shown.isEmpty() ? version : shown;
-    item.published = draft.published;
+    item.displayVersion = forReading(shown.isEmpty() ? version : shown);
+    item.published = forReading(draft.published);
     item.link = secureUrl(draft.link);
     item.url = secureUrl(draft.enclosure.value(QStringLiteral("url")).toString());
     item.length = draft.enclosure.value(QStringLiteral("length")).toLongLong();
@@ -97,16 +117,22 @@ Draft readItem(QXmlStreamReader& xml) {
     return draft;
 }
 
+void enterRss(QXmlStreamReader& xml) {
+    while (!xml.atEnd() && xml.readNext() != QXmlStreamReader::StartElement) {
+        // What a document defines for itself can grow without bounds; no appcast needs it.
+        if (xml.tokenType() == QXmlStreamReader::DTD)
+            refuse(QStringLiteral("it defines its own names"));
+    }
+    if (!xml.isStartElement() || xml.name() != QStringLiteral("rss"))
+        refuse(xml.hasError() ? xml.errorString() : QStringLiteral("it is no RSS"));
+}
+
 } // namespace
 
 std::vector<UpdateItem> read(const QByteArray& feed) {
-    // What a document defines for itself can grow without bounds; no appcast needs it.
-    if (feed.contains("<!DOCTYPE"))
-        refuse(QStringLiteral("it defines its own names"));
     QXmlStreamReader xml(feed);
     std::vector<UpdateItem> items;
-    if (!xml.readNextStartElement() || xml.name() != QStringLiteral("rss"))
-        refuse(xml.hasError() ? xml.errorString() : QStringLiteral("it is no RSS"));
+    enterRss(xml);
     while (xml.readNextStartElement()) {
         if (xml.name() != QStringLiteral("channel")) {
             xml.skipCurrentElement();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "upkeep/UpdateItem.h"
+#include "upkeep/feed/UpdateItem.h"
 
 #include <optional>
 #include <vector>
@@ -12,6 +12,8 @@ namespace Quillstacks::Appcast {
 /// In bytes. No list of versions is larger.
 inline constexpr qint64 largestFeed = 1024 * 1024;
 inline constexpr qint64 largestFile = qint64(1024) * 1024 * 1024;
+/// Of what an item says for people to read, in UTF-16 units.
+inline constexpr qsizetype longestText = 100;
 
 /// What the list has for this computer: items whose `os` is "linux", or "linux-" and this processor ("linux-x86_64",
 /// "linux-arm64"), with a plain version number, an HTTPS address, a length and a signature. Others are passed over.

@@ -1,4 +1,4 @@
-#include "upkeep/Appcast.h"
+#include "upkeep/feed/Appcast.h"
 
 #include "platform/UpdateError.h"
 #include "UpdateFeeds.h"
@@ -86,6 +86,33 @@ TEST(Appcast, aLinkThatIsNotSecureIsLeftOut) {
     EXPECT_TRUE(item->link.isEmpty());
 }
 
+TEST(Appcast, anAddressWithoutEndIsNone) {
+    const QByteArray endless = "https://example.org/" + QByteArray(100'000, 'a');
+    EXPECT_FALSE(only(feedItem({.url = endless})));
+    const auto item = only(feedItem({.link = endless}));
+    ASSERT_TRUE(item);
+    EXPECT_TRUE(item->link.isEmpty());
+}
+
+TEST(Appcast, aTextIsOneShortLineWhateverTheFeedSays) {
+    const auto item = only(feedItem({.shortVersion = "2.0\n\nInk \xE2\x80\xAE" + QByteArray(500'000, 'k')}));
+    ASSERT_TRUE(item);
+    EXPECT_EQ(item->displayVersion.size(), Appcast::longestText);
+    EXPECT_TRUE(item->displayVersion.startsWith(QStringLiteral("2.0 Ink kkk")));
+}
+
+TEST(Appcast, aTextIsNotCutWithinACharacter) {
+    const auto item = only(feedItem({.shortVersion = "2" + QByteArray("\xF0\x9F\xAA\xB6").repeated(100)}));
+    ASSERT_TRUE(item);
+    EXPECT_EQ(item->displayVersion.size(), Appcast::longestText - 1);
+    EXPECT_TRUE(item->displayVersion.back().isLowSurrogate());
+}
+
+TEST(Appcast, aVersionWithoutEndIsNone) {
+    EXPECT_FALSE(only(feedItem({.version = QByteArray("1.").repeated(100'000) + "1"})));
+    EXPECT_FALSE(only(feedItem({.version = QByteArray(1000, '9')})));
+}
+
 TEST(Appcast, theSameNamesOfAnotherNamespaceAreOthers) {
     QByteArray feed = feedOf({feedItem({})});
     feed.replace("http://www.andymatuschak.org/xml-namespaces/sparkle", "urn:other");
@@ -117,6 +144,32 @@ TEST(Appcast, aFeedThatDefinesItsOwnNamesIsRefused) {
         bomb += QByteArray("<!ENTITY ") + name + " \"" + below.repeated(10) + "\">";
     }
     EXPECT_FALSE(refusalOf(bomb + "]><rss><channel><title>&o;</title></channel></rss>").isEmpty());
+}
+
+TEST(Appcast, aFeedThatDefinesItsOwnNamesIsRefusedInEveryEncoding) {
+    const QString feed = QStringLiteral("\uFEFF<!DOCTYPE rss [<!ENTITY a \"x\">]><rss><channel>&a;</channel></rss>");
+    EXPECT_FALSE(refusalOf(feed.toUtf8()).isEmpty());
+    EXPECT_FALSE(
+        refusalOf(QByteArray(reinterpret_cast<const char*>(feed.utf16()), feed.size() * qsizetype(sizeof(char16_t))))
+            .isEmpty());
+}
+
+TEST(Appcast, notesThatAreAPageOfTheirOwnAreReadOver) {
+    const QByteArray notes = "<description><![CDATA[<!DOCTYPE html><html><b>New!</b></html>]]></description>";
+    QByteArray item = feedItem({});
+    item.insert(item.indexOf("<enclosure"), notes);
+    EXPECT_TRUE(only(item));
+}
+
+TEST(Appcast, theReasonOfARefusalIsOneSentence) {
+    const QByteArray name(100'000, 'n');
+    for (const QByteArray& feed :
+         {QByteArray("<rss>"), QByteArray("<rss><" + name + "></x></rss>"), QByteArray("<rss>&" + name + ";</rss>")}) {
+        const QString reason = refusalOf(feed);
+        EXPECT_LT(reason.size(), 200);
+        EXPECT_TRUE(reason.endsWith(u'.'));
+        EXPECT_FALSE(reason.endsWith(QStringLiteral(".."))) << reason.toStdString();
+    }
 }
 
 TEST(Appcast, elementsNestedWithoutEndAreReadOver) {
