@@ -2,6 +2,7 @@
 
 #include "foundation/MainQueue.h"
 
+#include <QCoreApplication>
 #include <QNetworkReply>
 
 namespace Quillstacks {
@@ -23,15 +24,27 @@ QString withoutStop(QString sentence) {
 } // namespace
 
 Transfer::Transfer(const QUrl& url, qint64 most, Take taker) : take(std::move(taker)), limit(most) {
+    // The toolkit's network has a thread of its own, which must not outlive the program's main function.
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &Transfer::abandon);
     MainQueue::async(this, [this, url] { start(url); });
 }
 
 Transfer::~Transfer() {
+    abandon();
+}
+
+void Transfer::abandon() {
+    isOver = true;
+    ++waits;
     if (reply)
         reply->disconnect(this);
+    reply = nullptr;
+    network.reset(); // takes the reply along, and waits for its thread
 }
 
 void Transfer::start(const QUrl& url) {
+    if (isOver)
+        return;
     if (url.scheme() != QStringLiteral("https"))
         return conclude(UpdateError(UpdateError::Case::notSecure));
     QNetworkRequest request(url);
@@ -42,7 +55,8 @@ void Transfer::start(const QUrl& url) {
     request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Quillstacks"));
     // What arrives is what is counted: nothing grows on being unpacked.
     request.setRawHeader("Accept-Encoding", "identity");
-    reply = network.get(request);
+    network = std::make_unique<QNetworkAccessManager>();
+    reply = network->get(request);
     connect(reply, &QNetworkReply::readyRead, this, &Transfer::receive);
     connect(reply, &QNetworkReply::finished, this, &Transfer::finish);
     waitForBytes();

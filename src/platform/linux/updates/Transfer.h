@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "platform/UpdateError.h"
@@ -13,7 +14,8 @@ class QNetworkReply;
 
 namespace Quillstacks {
 
-/// One request over HTTPS, bounded in size, and in the time without a byte. Destroying it ends the request.
+/// One request over HTTPS, bounded in size, and in the time without a byte. Destroying it ends the request, and so does
+/// the end of the program, untold.
 class Transfer final : public QObject {
     Q_OBJECT
 public:
@@ -36,9 +38,10 @@ private:
     void finish();
     void waitForBytes();
     void conclude(std::optional<UpdateError> failure);
+    void abandon();
 
-    QNetworkAccessManager network;
-    QNetworkReply* reply = nullptr;
+    std::unique_ptr<QNetworkAccessManager> network;
+    QNetworkReply* reply = nullptr; ///< the network's
     Take take;
     qint64 limit;
     qint64 received = 0;

@@ -9,6 +9,7 @@
 #include <QTcpSocket>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
@@ -75,6 +76,12 @@ public:
         };
     }
     qint64 endless = 0; ///< bytes said so
+    /// Whether a connection is open.
+    [[nodiscard]] bool isTalking() const {
+        return std::ranges::any_of(sockets, [](const QPointer<QTcpSocket>& socket) {
+            return socket && socket->state() == QAbstractSocket::ConnectedState;
+        });
+    }
     void hangUp() {
         for (const QPointer<QTcpSocket>& socket : sockets)
             if (socket)

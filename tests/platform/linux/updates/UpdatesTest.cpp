@@ -342,6 +342,21 @@ TEST_F(UpdatesOverNetwork, aFileThatIsStillComingHasNoName) {
     EXPECT_EQ(filesInFolder(), QStringList());
 }
 
+TEST_F(UpdatesOverNetwork, theEndOfTheProgramEndsWhatIsOnItsWayAndTellsNobody) {
+    server.answers["/file"] = [](QTcpSocket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\na pro");
+    };
+    Outcome<QString> run;
+    follow(Updates::download(announced("a program")), run);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !server.requests.isEmpty(); }, 20000));
+    EXPECT_TRUE(server.isTalking());
+    QMetaObject::invokeMethod(
+        qApp, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+    QCoreApplication::exec();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !server.isTalking(); }, 20000));
+    EXPECT_FALSE(run.isOver());
+}
+
 TEST(Ed25519, knowsTheStandardsOwnExamples) {
     const auto bytes = [](const char* hex) { return QByteArray::fromHex(hex); };
     // RFC 8032, 7.1, tests 1 and 2.
