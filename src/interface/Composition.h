@@ -13,6 +13,8 @@ public:
     /// The field owns it.
     explicit Composition(QWidget* field);
 
+    /// Whether there is any.
+    [[nodiscard]] bool isActive() const { return !composed.isEmpty(); }
     /// Makes it text of the field, as it stands.
     void commit();
 

@@ -90,7 +90,8 @@ bool PromptEditorView::hasHistory() const {
 bool PromptEditorView::holdsUnsavedTyping() const {
     const QList<Tag*> ticked = attachedTags();
     const QList<Tag*> stored = prompt ? prompt->tags() : QList<Tag*>();
-    return titleText != (prompt ? prompt->title() : QString()) ||
+    return titleComposition->isActive() || bodyEditor->isComposing() ||
+           titleText != (prompt ? prompt->title() : QString()) ||
            editorBody() != (prompt ? prompt->body() : QString()) ||
            QSet<Tag*>(ticked.begin(), ticked.end()) != QSet<Tag*>(stored.begin(), stored.end());
 }

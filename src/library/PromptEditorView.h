@@ -61,7 +61,8 @@ public:
     [[nodiscard]] bool canCopy() const;
     /// Whether there are versions to be shown, so that there is a "History" button.
     [[nodiscard]] bool hasHistory() const;
-    /// Whether something was typed or ticked that is not in the prompt; it would be lost if the editor went now.
+    /// Whether something was typed, is still being composed, or was ticked that is not in the prompt; it would be lost
+    /// if the editor went now.
     [[nodiscard]] bool holdsUnsavedTyping() const;
 
     // Actions

@@ -52,6 +52,10 @@ const QString& PromptTextEditor::text() const {
     return field->text();
 }
 
+bool PromptTextEditor::isComposing() const {
+    return composition->isActive();
+}
+
 void PromptTextEditor::commitComposition() {
     composition->commit();
 }

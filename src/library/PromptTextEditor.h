@@ -21,7 +21,9 @@ public:
     [[nodiscard]] const QString& text() const;
     /// An equal text touches nothing; another one ends what can be undone. Raises no textChanged().
     void setText(const QString& text);
-    /// Takes what an input method still composes into the text.
+    /// Whether an input method composes what the text lacks yet.
+    [[nodiscard]] bool isComposing() const;
+    /// Takes that into the text.
     void commitComposition();
     [[nodiscard]] bool isHovered() const { return hover.target() > 0; }
 

@@ -89,6 +89,19 @@ TEST_F(PromptEditor, whatIsStillComposedIsSavedAndCopied) {
     EXPECT_EQ(closed->count(), 1);
 }
 
+TEST_F(PromptEditor, whatIsStillComposedCountsAsUnsavedTyping) {
+    PromptEditorView& view = present(addPrompt(QStringLiteral("t"), QStringLiteral("b")));
+    const std::pair<QWidget*, const char*> fields[] = {{&titleField(view), "title"}, {&bodyField(view), "body"}};
+    for (const auto& [field, name] : fields) {
+        field->setFocus();
+        EXPECT_FALSE(view.holdsUnsavedTyping()) << name;
+        compose(*field, QStringLiteral("ni"));
+        EXPECT_TRUE(view.holdsUnsavedTyping()) << name;
+        compose(*field, QString()); // given up
+        EXPECT_FALSE(view.holdsUnsavedTyping()) << name;
+    }
+}
+
 TEST_F(PromptEditor, whatIsStillComposedInTheTitleIsSavedByCtrlS) {
     Prompt* prompt = addPrompt(QStringLiteral("t"), QStringLiteral("b"));
     PromptEditorView& view = present(prompt);

@@ -149,7 +149,7 @@ bool TagEditorView::canSave() const {
 }
 
 bool TagEditorView::holdsUnsavedTyping() const {
-    return nameText != (tag ? tag->name() : QString());
+    return nameComposition->isActive() || nameText != (tag ? tag->name() : QString());
 }
 
 void TagEditorView::saveTag() {

@@ -39,7 +39,8 @@ public:
 
     // Derived
     [[nodiscard]] bool canSave() const;
-    /// Whether a name was typed that is not the tag's; it would be lost if the editor went now.
+    /// Whether a name was typed, or is still being composed, that is not the tag's; it would be lost if the editor went
+    /// now.
     [[nodiscard]] bool holdsUnsavedTyping() const;
 
     // Actions

@@ -125,9 +125,16 @@ TEST_F(TagEditorSaving, aTagDeletedMeanwhileIsKeptAsANewOne) {
 
 TEST_F(TagEditorSaving, whatAnInputMethodStillComposesIsSaved) {
     open();
-    type("Ta");
-    QInputMethodEvent composing(QStringLiteral("ge"), {});
+    EXPECT_FALSE(view->holdsUnsavedTyping());
+    QInputMethodEvent composing(QStringLiteral("Ta"), {});
     QApplication::sendEvent(&field(), &composing);
+    EXPECT_TRUE(view->holdsUnsavedTyping());
+    QInputMethodEvent givenUp;
+    QApplication::sendEvent(&field(), &givenUp);
+    EXPECT_FALSE(view->holdsUnsavedTyping());
+    type("Ta");
+    QInputMethodEvent more(QStringLiteral("ge"), {});
+    QApplication::sendEvent(&field(), &more);
     QTest::mouseClick(&button("Create"), Qt::LeftButton);
     EXPECT_EQ(tagNames(), QStringList{QStringLiteral("Tage")});
 }
