@@ -5,7 +5,6 @@
 #include "interface/FocusRing.h"
 #include "interface/Theme.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace Quillstacks {
@@ -47,13 +46,6 @@ void Switch::paintEvent(QPaintEvent*) {
     const QRectF place(inset + travel * progress, inset, width, knob);
     fillRounded(painter, place.translated(0, 1), knob / 2, withOpacity(Qt::black, theme.isDark() ? .22 : .14));
     fillRounded(painter, place, knob / 2, Qt::white);
-}
-
-void Switch::keyPressEvent(QKeyEvent* event) {
-    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat())
-        click();
-    else
-        QAbstractButton::keyPressEvent(event);
 }
 
 } // namespace Quillstacks

@@ -6,7 +6,7 @@
 
 namespace Quillstacks {
 
-/// On or off (QAbstractButton::toggled). 38 x 22.
+/// On or off (QAbstractButton::toggled). 38 x 22. Space toggles it; Return stays with the sheet's default button.
 class Switch final : public QAbstractButton {
     Q_OBJECT
 public:
@@ -16,7 +16,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     Transition on;

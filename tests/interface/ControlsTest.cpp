@@ -171,6 +171,8 @@ TEST_F(SwitchOf, clickAndSpaceToggle) {
     control.setFocus(Qt::TabFocusReason);
     QTest::keyClick(&control, Qt::Key_Space);
     EXPECT_FALSE(control.isChecked());
+    QTest::keyClick(&control, Qt::Key_Return);
+    EXPECT_FALSE(control.isChecked()) << "a sheet's default button answers Return";
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&control);
     EXPECT_EQ(accessible->role(), QAccessible::CheckBox);
     EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Launch at login"));

@@ -157,6 +157,14 @@ TEST_F(SettingsWindow, returnClosesTheSheetFromItsControlsToo) {
     EXPECT_TRUE(sheet->isDismissed());
 }
 
+TEST_F(SettingsWindow, returnClosesTheSheetFromASwitchWhichItDoesNotTurn) {
+    open();
+    named(QStringLiteral("Enable Lexiwell"))->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(sheet->isDismissed());
+    EXPECT_FALSE(preferences->contains(QStringLiteral("lexiwellEnabled")));
+}
+
 TEST_F(SettingsWindow, returnStaysWithATextFieldThatTakesIt) {
     open();
     auto* field = new TextArea(QStringLiteral("Notes"));
