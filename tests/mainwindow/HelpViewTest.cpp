@@ -88,6 +88,7 @@ TEST_F(Help, keepsItsDistances) {
     EXPECT_EQ(help()->width(), 480);
     const auto* heading = help()->findChild<Label*>(QString(), Qt::FindDirectChildrenOnly);
     EXPECT_EQ(place(heading).topLeft(), QPoint(32, 32));
+    EXPECT_EQ(heading->height(), textLineHeight(TextStyle::largeTitle));
     EXPECT_EQ(place(rows().constFirst()).top(), place(heading).bottom() + 1 + 24);
     for (qsizetype i = 1; i < rows().size(); ++i)
         EXPECT_EQ(place(rows()[i]).top(), place(rows()[i - 1]).bottom() + 1 + 16);

@@ -1,10 +1,13 @@
 #include "LogExportHelpView.h"
 
+#include "interface/Drawing.h"
 #include "interface/IconButton.h"
 #include "interface/ScrollArea.h"
 #include "SettingsFixture.h"
 
 #include <QScrollBar>
+
+#include <cmath>
 
 namespace Quillstacks {
 namespace {
@@ -36,6 +39,23 @@ TEST_F(LogExportHelp, tellsWhatToDo) {
                            QStringLiteral("Copy and paste this command in Terminal to export the last hour of logs:"),
                            LogExportHelpView::command(),
                            QStringLiteral("The logs will be saved to your Desktop as Quillstacks_logs.txt")}));
+}
+
+TEST_F(LogExportHelp, theTerminalSectionIsTintedGreen) {
+    openHelp();
+    const auto labels = help->findChildren<Label*>();
+    const auto heading =
+        std::ranges::find_if(labels, [](const Label* label) { return label->text() == QStringLiteral("Terminal"); });
+    ASSERT_NE(heading, labels.end());
+    const QWidget* section = (*heading)->parentWidget();
+    const Theme& theme = Theme::shared();
+    const QColor wanted = mix(theme.color(ColorRole::sheet), theme.color(ColorRole::green), 0.05);
+    const auto isTinted = [&] {
+        const QColor found = window.grab().toImage().pixelColor(section->mapTo(&window, QPoint(8, 40)));
+        return std::abs(found.red() - wanted.red()) <= 1 && std::abs(found.green() - wanted.green()) <= 1 &&
+               std::abs(found.blue() - wanted.blue()) <= 1;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isTinted)) << "once the sheet has come";
 }
 
 TEST_F(LogExportHelp, theCommandIsForTheJournal) {

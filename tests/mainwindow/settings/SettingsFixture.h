@@ -5,16 +5,20 @@
 #include "interface/Label.h"
 #include "interface/SegmentedPicker.h"
 #include "interface/Sheet.h"
+#include "interface/SymbolImage.h"
 #include "interface/Theme.h"
 #include "library/model/TestLibrary.h"
 #include "mainwindow/settings/SettingsView.h"
 #include "platform/FakeDesktop.h"
+#include "support/ShownSymbol.h"
 #include "support/TestPreferences.h"
 
 #include <QScrollArea>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace Quillstacks {
 
@@ -63,6 +67,13 @@ protected:
             if (label->isVisibleTo(&within))
                 result += label->text();
         return result;
+    }
+    /// Whether one of a widget's pictures is this symbol, `size` points wide.
+    [[nodiscard]] static bool hasSymbol(const QWidget& within, const char* name, int size, ColorRole role) {
+        const auto images = within.findChildren<SymbolImage*>();
+        return std::ranges::any_of(images, [&](SymbolImage* image) {
+            return showsSymbol(*image, QString::fromLatin1(name), size, Theme::shared().color(role));
+        });
     }
     [[nodiscard]] QWidget* part(const char* name) const {
         return window.findChild<QWidget*>(QString::fromLatin1(name));

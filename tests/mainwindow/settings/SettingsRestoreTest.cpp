@@ -35,6 +35,39 @@ TEST_F(SettingsRestore, oneCardHoldsDataRestoreAndLogsWithLinesBetween) {
                                    QStringLiteral("DebugLogsSettingsView")}));
 }
 
+TEST_F(SettingsRestore, restoreAndLogsHaveTheirSymbols) {
+    openAdvanced();
+    EXPECT_TRUE(hasSymbol(*restore(), "arrow.counterclockwise", 18, ColorRole::text2));
+    EXPECT_TRUE(hasSymbol(*part("DebugLogsSettingsView"), "doc.text.magnifyingglass", 18, ColorRole::purple));
+}
+
+TEST_F(SettingsRestore, theLogsSayWhatTheyHold) {
+    openAdvanced();
+    EXPECT_EQ(texts(*part("DebugLogsSettingsView")),
+              (QStringList{QStringLiteral("Debug Logs"),
+                           QStringLiteral("Export debug logs to help diagnose issues. Logs contain app events and "
+                                          "errors but not your prompt content.")}));
+}
+
+TEST_F(SettingsRestore, afterARestoreTheGeneralTabShowsTheDefaultsToo) {
+    openAdvanced();
+    settings->selectTab(SettingsTab::general);
+    named(QStringLiteral("Automatically download updates"))->click();
+    named(QStringLiteral("Automatically check for updates"))->click();
+    named(QStringLiteral("Enable Lexiwell"))->click();
+    named(QStringLiteral("Light"))->click();
+    settings->selectTab(SettingsTab::advanced);
+    restore()->restore();
+    for (int turn = 0; restore()->isRestoring() && turn < 20; ++turn)
+        clock.advance(std::chrono::nanoseconds(0));
+    settings->selectTab(SettingsTab::general);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(named(QStringLiteral("Automatically download updates"))->isChecked());
+    EXPECT_TRUE(named(QStringLiteral("Automatically check for updates"))->isChecked());
+    EXPECT_TRUE(named(QStringLiteral("Enable Lexiwell"))->isChecked());
+    EXPECT_TRUE(named(QStringLiteral("Dark"))->isChecked());
+}
+
 TEST_F(SettingsRestore, aRestoreRecoloursTheOpenSettingsAndTheyShowTheDefaults) {
     preferences->set(QStringLiteral("appearanceMode"), QStringLiteral("light"));
     preferences->set(QStringLiteral("versionHistoryLimit"), qint64{120});

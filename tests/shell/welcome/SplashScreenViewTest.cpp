@@ -6,9 +6,15 @@
 #include "interface/KeyCap.h"
 #include "interface/ScrollArea.h"
 #include "interface/StatusLine.h"
+#include "interface/SymbolImage.h"
+#include "support/ShownSymbol.h"
 #include "WelcomeFixture.h"
 
+#include <QFile>
 #include <QScrollBar>
+
+#include <algorithm>
+#include <limits>
 
 namespace Quillstacks {
 namespace {
@@ -23,6 +29,13 @@ protected:
         click(button("Change"));
         ASSERT_TRUE(view()->isRecordingHotkey());
         desktop.calls.clear();
+    }
+    /// Whether one of the pictures is this symbol, `size` points wide.
+    static bool hasSymbol(const char* name, int size, ColorRole role) {
+        const auto images = view()->findChildren<SymbolImage*>();
+        return std::ranges::any_of(images, [&](SymbolImage* image) {
+            return showsSymbol(*image, QString::fromLatin1(name), size, Theme::shared().color(role));
+        });
     }
     static QRect place(const QWidget* widget) { return {widget->mapTo(view(), QPoint(0, 0)), widget->size()}; }
 };
@@ -50,6 +63,55 @@ TEST_F(Welcome, itsLinesHaveTheirSymbolsAndKeys) {
     EXPECT_EQ(rows[1]->content.icon, QStringLiteral("gearshape"));
     EXPECT_EQ(rows[1]->content.shortcut, QString::fromUtf16(u"⌘,"));
     EXPECT_EQ(rows[1]->findChild<KeyCap*>()->height(), textLineHeight(TextStyle::monoCaption) + 2 * 3);
+}
+
+TEST_F(Welcome, itsPartsHaveTheirSymbols) {
+    desktop.trusted = false;
+    PermissionManager::shared().refreshPermission();
+    open();
+    EXPECT_TRUE(hasSymbol("circle.dotted.circle.fill", 56, ColorRole::accent));
+    EXPECT_TRUE(hasSymbol("keyboard.fill", 20, ColorRole::text2));
+    EXPECT_TRUE(hasSymbol("plus.circle", 19, ColorRole::text2));
+    EXPECT_TRUE(hasSymbol("gearshape", 19, ColorRole::text2));
+    EXPECT_TRUE(hasSymbol("exclamationmark.triangle.fill", 19, ColorRole::orange));
+}
+
+TEST_F(Welcome, whileRecordingTheFieldHasAPurpleEdge) {
+    open();
+    const auto edge = [] { return field()->grab().toImage().pixelColor(field()->width() / 2, 0); };
+    const QColor purple = Theme::shared().color(ColorRole::purple);
+    EXPECT_NE(edge(), purple);
+    click(button("Change"));
+    EXPECT_EQ(edge(), purple);
+}
+
+TEST_F(Welcome, aStoredNumberThatIsNoKeyEndsTheProcess) {
+    globalHotkeyKeyCodePreference().set(-1);
+    EXPECT_DEATH(SplashScreenView({}, {}), "stored key code cannot be shown: -1");
+    globalHotkeyKeyCodePreference().set(65536);
+    EXPECT_DEATH(SplashScreenView({}, {}), "stored key code cannot be shown: 65536");
+    globalHotkeyKeyCodePreference().set(65535);
+    globalHotkeyModifiersPreference().set(-1);
+    EXPECT_DEATH(SplashScreenView({}, {}), "stored modifiers cannot be shown: -1");
+}
+
+TEST_F(Welcome, hugeModifiersShowTheFlagsThatTheyHave) {
+    globalHotkeyModifiersPreference().set(std::numeric_limits<qint64>::max());
+    open();
+    EXPECT_EQ(field()->text(), QString::fromUtf16(u"⌃⌥⇧⌘Space"));
+}
+
+TEST_F(Welcome, aStoredNumberWithAFractionReadsAsTheDefault) {
+    globalHotkeyKeyCodePreference().set(40); // makes the folder
+    QFile file(preferences->filePath());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"globalHotkeyKeyCode": 40.5, "globalHotkeyModifiers": 1e300})");
+    file.close();
+    Preferences fresh(file.fileName());
+    Preferences::setStandard(&fresh);
+    open();
+    EXPECT_EQ(field()->text(), QString::fromUtf16(u"⇧⌘Space"));
+    Preferences::setStandard(&*preferences);
 }
 
 TEST_F(Welcome, showsTheStoredShortcutAndTheDefaultWithoutOne) {
