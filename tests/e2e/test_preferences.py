@@ -1,5 +1,6 @@
 """A preferences file that can't be read, or holds values of other types."""
 import json
+import signal
 import unittest
 
 from driver import keyboard, person
@@ -26,6 +27,15 @@ class Preferences(DesktopCase):
         program = self.started()
         program.logs("Hotkey registered - keyCode: 49, modifiers: 768")
         person.call_panel(program)
+
+    def test_a_stored_number_that_no_hot_key_can_have_ends_the_program(self):
+        for values in ({"globalHotkeyModifiers": -1}, {"globalHotkeyKeyCode": -1}, {"globalHotkeyKeyCode": 1 << 32}):
+            with self.subTest(values):
+                self.home.preferences.parent.mkdir(mode=0o700, exist_ok=True)
+                self.home.preferences.write_text(json.dumps(values))
+                program = self.start()
+                self.assertEqual(program.wait_end(), -signal.SIGABRT)
+                self.assertIn("cannot be converted", program.errors)
 
     def test_a_stored_hot_key_is_the_one_that_works(self):
         option_and_command, key_of_k = 0x180000, 40
