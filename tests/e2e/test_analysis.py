@@ -51,6 +51,14 @@ class Analysis(DesktopCase):
         self.ollama.hold.set()
         program.logs("Prompt analysis completed successfully")
 
+    def test_the_program_ends_in_order_while_the_model_is_silent(self):
+        self.ollama.hold.clear()
+        program = self.begun()
+        program.ui.find("Analyze", "push button").click()
+        program.ui.find("Analyzing prompt...", "label")
+        until(lambda: self.ollama.requests, "the request")
+        self.assertEqual(program.end(), 0)
+
     def test_an_answer_that_is_none_says_so(self):
         self.ollama.answer = "I would rather not."
         program = self.begun()

@@ -1,4 +1,5 @@
 """A stand-in for an Ollama server, on the loopback address and a port of its own."""
+import contextlib
 import json
 import threading
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
@@ -49,11 +50,12 @@ class Ollama:
                 ollama.requests.append((self.path, json.loads(body)))
                 ollama.hold.wait()
                 reply = json.dumps({"message": {"role": "assistant", "content": ollama.answer}, "done": True}).encode()
-                self.send_response(200)
-                self.send_header("Content-Type", "application/json")
-                self.send_header("Content-Length", str(len(reply)))
-                self.end_headers()
-                self.wfile.write(reply)
+                with contextlib.suppress(ConnectionError):  # whoever asked may be gone
+                    self.send_response(200)
+                    self.send_header("Content-Type", "application/json")
+                    self.send_header("Content-Length", str(len(reply)))
+                    self.end_headers()
+                    self.wfile.write(reply)
 
             def log_message(self, *_):
                 pass
