@@ -14,8 +14,9 @@ namespace {
 constexpr qreal lineWidth = 2.5; ///< at the usual diameter
 constexpr qreal thinnestLine = 2;
 constexpr int turnMilliseconds = 1000;
-constexpr int arcDegrees = 270;
-constexpr int stepsPerDegree = 16; // of QPainter's angles
+constexpr qreal arc = 0.88; ///< of the circle, from its head to where its tail has faded away
+constexpr int topDegrees = 90;
+constexpr qreal disabledOpacity = 0.5;
 
 } // namespace
 
@@ -58,10 +59,18 @@ void BusyIndicator::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal line = std::max(lineWidth * diameter / usualDiameter, thinnestLine);
-    painter.setPen(QPen(Theme::shared().color(ColorRole::accent), line, Qt::SolidLine, Qt::RoundCap));
+    if (!isEnabled())
+        painter.setOpacity(disabledOpacity);
     const QRectF circle = QRectF(rect()).adjusted(line, line, -line, -line);
-    const int start = qRound((90 - turn.currentValue().toReal()) * stepsPerDegree);
-    painter.drawArc(circle, start, -arcDegrees * stepsPerDegree);
+    const QColor color = Theme::shared().color(ColorRole::text2);
+    QColor faded = color;
+    faded.setAlpha(0);
+    // The head goes ahead clockwise, the gradient counts the other way round.
+    QConicalGradient tail(circle.center(), topDegrees - turn.currentValue().toReal());
+    tail.setColorAt(0, color);
+    tail.setColorAt(arc, faded);
+    painter.setPen(QPen(tail, line));
+    painter.drawEllipse(circle);
 }
 
 } // namespace Quillstacks

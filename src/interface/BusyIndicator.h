@@ -5,8 +5,8 @@
 
 namespace Quillstacks {
 
-/// An arc that turns while something of unknown length goes on. It stands still where the desktop asks for fewer
-/// movements. Its accessible name says what goes on.
+/// A grey arc that turns while something of unknown length goes on, dimmed while disabled. It stands still where the
+/// desktop asks for fewer movements. Its accessible name says what goes on.
 class BusyIndicator final : public QWidget {
     Q_OBJECT
 public:
