@@ -6,10 +6,25 @@
 #include "foundation/Log.h"
 #include "foundation/MainQueue.h"
 #include "foundation/Text.h"
+#include "interface/Button.h"
 #include "library/PromptEditorView.h"
 #include "PromptPanelColumn.h"
 
 namespace Quillstacks {
+namespace {
+
+/// A panel that is made while the editor is open would be reached by Tab after everything else.
+void setTabOrderBefore(const QWidget* next, const LexiwellPanel* panel) {
+    QWidget* before = next->previousInFocusChain();
+    while (before->focusPolicy() == Qt::NoFocus)
+        before = before->previousInFocusChain();
+    for (QAbstractButton* stop : panel->findChildren<QAbstractButton*>()) {
+        QWidget::setTabOrder(before, stop);
+        before = stop;
+    }
+}
+
+} // namespace
 
 void PromptEditorView::placeLexiwell() {
     const bool enabled = lexiwellEnabledPreference().value();
@@ -19,6 +34,8 @@ void PromptEditorView::placeLexiwell() {
     panels->setAnalysisPanel(lexiwell); // deletes an older one
     if (!lexiwell)
         return;
+    if (deleteButton)
+        setTabOrderBefore(deleteButton, lexiwell);
     connect(lexiwell, &LexiwellPanel::collapsedChanged, this, &PromptEditorView::setLexiwellCollapsed);
     connect(analysisManager, &PromptAnalysisManager::isAnalyzingChanged, lexiwell,
             [this] { lexiwell->setLoading(analysisManager->isAnalyzing()); });

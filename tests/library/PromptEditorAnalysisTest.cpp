@@ -87,8 +87,8 @@ TEST_F(PromptEditorAnalysis, whileTheServerDripsKeysAndMouseAreAnswered) {
     });
     drip.start(5);
     bodyField(view).setFocus();
-    QTest::keyClicks(&bodyField(view), QStringLiteral("typed "));
-    EXPECT_EQ(view.editorBody(), QStringLiteral("typed b"));
+    QTest::keyClicks(&bodyField(view), QStringLiteral(" typed"));
+    EXPECT_EQ(view.editorBody(), QStringLiteral("b typed"));
     for (QAbstractButton* button : view.findChild<VariablesPreviewView*>()->findChildren<QAbstractButton*>())
         QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_TRUE(view.isVariablesCollapsed());
@@ -96,7 +96,7 @@ TEST_F(PromptEditorAnalysis, whileTheServerDripsKeysAndMouseAreAnswered) {
     EXPECT_TRUE(panel(view)->isLoading());
     view.savePrompt();
     EXPECT_EQ(closed->size(), 1);
-    EXPECT_EQ(prompt->body(), QStringLiteral("typed b"));
+    EXPECT_EQ(prompt->body(), QStringLiteral("b typed"));
 }
 
 TEST_F(PromptEditorAnalysis, aServerThatSendsHeadersWithoutEndLeavesTheEditorUsable) {
