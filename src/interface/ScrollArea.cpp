@@ -22,6 +22,14 @@ void fitHeight(const QScrollArea& area) {
     content->setMinimumHeight(std::max(1, content->heightForWidth(width)));
 }
 
+/// Scrolls until there is so much room above and below; ensureWidgetVisible() is content with what lies within the
+/// view, also beneath a fade.
+void showWith(QScrollArea& area, const QWidget& descendant, int margin) {
+    const QRect place(descendant.mapTo(area.widget(), QPoint()), descendant.size());
+    area.ensureVisible(place.left(), place.bottom() + 1, 0, margin);
+    area.ensureVisible(place.left(), place.top(), 0, margin); // which counts more where there is no room for both
+}
+
 } // namespace
 
 ScrollArea::ScrollArea(QWidget* parent) : QScrollArea(parent) {
@@ -125,9 +133,8 @@ bool ScrollArea::focusNextPrevChild(bool next) {
     // QScrollArea scrolls to what gets the focus, wherever the chain leads.
     const bool moved = QScrollArea::focusNextPrevChild(next);
     QWidget* focused = QApplication::focusWidget();
-    // Clear of the fades, too.
     if (moved && focused && widget() && widget()->isAncestorOf(focused))
-        ensureWidgetVisible(focused, 20, std::max({20, bottomFadeHeight, topFadeHeight}));
+        showWith(*this, *focused, std::max({20, bottomFadeHeight, topFadeHeight}));
     return moved;
 }
 

@@ -1,6 +1,7 @@
 // Export and import as a card of the settings.
 #include "backup/DataExportImportView.h"
 #include "backup/DataExportImportViewModel.h"
+#include "interface/ScrollArea.h"
 #include "SettingsFixture.h"
 
 #include <QFile>
@@ -49,6 +50,22 @@ TEST_F(SettingsBackup, switchingTabsKeepsTheStateOfImportAndExport) {
     ASSERT_NE(named(QStringLiteral("Exporting...")), nullptr);
     EXPECT_FALSE(named(QStringLiteral("Exporting..."))->isEnabled());
     EXPECT_EQ(settings->findChild<DataExportImportViewModel*>(), model);
+}
+
+TEST_F(SettingsBackup, inASmallWindowTheButtonsThatTabReachesAreClearOfTheFades) {
+    open({700, 450});
+    settings->selectTab(SettingsTab::advanced);
+    QCoreApplication::processEvents();
+    const auto* area = settings->findChild<ScrollArea*>();
+    const QRect clear(0, 28, area->viewport()->width(), area->viewport()->height() - 28 - 44);
+    for (const char* title : {"Export", "Import"}) {
+        const QWidget* button = named(QString::fromLatin1(title));
+        for (int i = 0; i < 20 && QApplication::focusWidget() != button; ++i)
+            press(Qt::Key_Tab);
+        ASSERT_EQ(QApplication::focusWidget(), button);
+        const QRect place(button->mapTo(area->viewport(), QPoint()), button->size());
+        EXPECT_TRUE(clear.contains(place)) << title << ": " << place.top() << " to " << place.bottom();
+    }
 }
 
 TEST_F(SettingsBackup, theSettingsCanNotBeClosedWhileAnImportRunsAndItsResultComesBeforeThem) {
