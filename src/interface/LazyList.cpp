@@ -30,6 +30,15 @@ LazyList::LazyList(const QString& accessibleName, QWidget* parent) : QAbstractSc
     animation.setEasingCurve(easeInOut());
     connect(&animation, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& now) { verticalScrollBar()->setValue(now.toInt()); });
+    slide.setDuration(followTime);
+    slide.setEasingCurve(easeInOut());
+    slide.setStartValue(0.0);
+    slide.setEndValue(1.0);
+    connect(&slide, &QVariantAnimation::valueChanged, this, &LazyList::layOut);
+    connect(&slide, &QVariantAnimation::finished, this, [this] {
+        settle();
+        layOut();
+    });
     connect(&Theme::shared(), &Theme::changed, this, &LazyList::reload);
 }
 
@@ -72,7 +81,10 @@ void LazyList::setBottomFadeColor(const QColor& color, int height) {
 }
 
 void LazyList::reload() {
+    const std::vector<const void*> keysBefore = keys;
     measure();
+    if (keys != keysBefore)
+        settle();
     updateScrollBar();
     for (auto row = shown.begin(); row != shown.end();) {
         const bool keeps = row->first < count() && (source.kind ? source.kind(row->first) : 0) == row->second.kind;
@@ -105,6 +117,9 @@ void LazyList::measure() {
         top += source.height(i, measuredWidth) + (i + 1 < rows ? gap : 0);
     }
     tops.back() = top;
+    keys.clear();
+    for (int i = 0; source.key && i < rows; ++i)
+        keys.push_back(source.key(i));
 }
 
 void LazyList::updateScrollBar() {
@@ -127,6 +142,8 @@ int LazyList::firstAt(int y) const {
 }
 
 int LazyList::indexAt(const QPoint& position) const {
+    if (!travels.empty())
+        return indexOf(viewport()->childAt(position));
     const QPoint inList = position + QPoint(0, verticalScrollBar()->value());
     const int index = firstAt(inList.y());
     return rowGeometry(index).contains(inList) ? index : -1;
@@ -196,19 +213,18 @@ void LazyList::release(const Shown& row) {
 }
 
 void LazyList::layOut() {
-    const auto [first, last] = visibleRange();
+    const std::vector<int> inSight = rowsInSight();
     for (auto row = shown.begin(); row != shown.end();) {
-        const bool stays = row->first >= first && row->first <= last;
+        const bool stays = std::binary_search(inSight.begin(), inSight.end(), row->first);
         if (!stays)
             release(row->second);
         row = stays ? std::next(row) : shown.erase(row);
     }
-    const int top = verticalScrollBar()->value();
-    for (int index = first; index <= last; ++index) {
+    for (const int index : inSight) {
         auto found = shown.find(index);
         if (found == shown.end())
             found = shown.emplace(index, take(index)).first;
-        found->second.widget->setGeometry(rowGeometry(index).translated(0, -top));
+        found->second.widget->setGeometry(placeOf(index));
         found->second.widget->show();
     }
     updateHover();
@@ -294,6 +310,7 @@ void LazyList::showEvent(QShowEvent* event) {
 
 void LazyList::hideEvent(QHideEvent* event) {
     animation.stop();
+    settle();
     setHovered(-1);
     QAbstractScrollArea::hideEvent(event);
 }

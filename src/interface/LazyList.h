@@ -30,6 +30,8 @@ public:
         std::function<bool(int index)> isSelected;               ///< for assistive tools; may be unset
         /// For assistive tools, by kind; unset: all are list items. Rows of another role can't be pressed or selected.
         std::function<QAccessible::Role(int kind)> role = {};
+        /// Tells a row from all others, whatever its index; needed by followChanges() only.
+        std::function<const void*(int index)> key = {};
     };
     LazyList(const QString& accessibleName, QWidget* parent = nullptr);
     ~LazyList() override;
@@ -47,13 +49,16 @@ public:
 
     /// Count, heights and contents anew; the scroll position is kept where it can be.
     void reload();
+    /// The same after a change of what the list shows: where only a few rows came, went or moved, the rows in sight
+    /// slide to their new places. Where more did, or the list can't be seen, they stand there at once.
+    void followChanges();
     /// Contents of the visible rows anew; count and heights are the same.
     void rebind();
     /// Contents of one row anew, if it is visible.
     void rebind(int index);
 
     [[nodiscard]] int count() const { return static_cast<int>(tops.size()) - 1; }
-    /// The place of a row in the whole list, scrolling left out.
+    /// The place of a row in the whole list, scrolling left out; on its way there it is seen elsewhere.
     [[nodiscard]] QRect rowGeometry(int index) const;
     /// The row at a position of the viewport; -1 for none.
     [[nodiscard]] int indexAt(const QPoint& position) const;
@@ -109,9 +114,15 @@ private:
     void scrollTo(int value, bool animated);
     [[nodiscard]] int firstAt(int y) const;
     [[nodiscard]] int clampedScroll(int value) const;
+    void settle();
+    [[nodiscard]] int travelOf(int index) const;
+    [[nodiscard]] QRect placeOf(int index) const;
+    [[nodiscard]] std::vector<int> rowsInSight() const;
 
     Source source;
-    std::vector<int> tops{0}; ///< of each row, and the end of the last
+    std::vector<int> tops{0};      ///< of each row, and the end of the last
+    std::vector<const void*> keys; ///< of each row, where the source has them
+    std::vector<int> travels;      ///< of each row, how far from its place it sets out; empty while nothing slides
     std::map<int, Shown> shown;
     std::map<int, std::vector<QWidget*>> spare; ///< by kind
     int measuredWidth = -1;
@@ -121,7 +132,8 @@ private:
     int fadeHeight = 0;
     int hovered = -1;
     int pressedIndex = -1;
-    QVariantAnimation animation;
+    QVariantAnimation animation; ///< of the scroll position
+    QVariantAnimation slide;     ///< from 0 to 1
     std::function<bool(QKeyEvent*)> keyHandler;
 };
 

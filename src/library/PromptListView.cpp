@@ -74,6 +74,7 @@ void PromptListView::build() {
     source.bind = [this](QWidget* row, int index) { bindRow(row, index); };
     source.hover = [](QWidget* row, bool hovered) { static_cast<PromptRow*>(row)->setHovered(hovered); };
     source.isSelected = [this](int index) { return isSelected(*shown[index]); };
+    source.key = [this](int index) { return shown[index]; };
     list->setSource(std::move(source));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -88,8 +89,8 @@ void PromptListView::build() {
 }
 
 void PromptListView::connectParts() {
-    connect(&prompts, &LiveQueryBase::changed, this, &PromptListView::refresh);
-    connect(&Theme::shared(), &Theme::changed, this, &PromptListView::refresh);
+    connect(&prompts, &LiveQueryBase::changed, this, [this] { refresh(true); });
+    connect(&Theme::shared(), &Theme::changed, this, [this] { refresh(); });
     connect(header, &PromptListHeader::newPromptRequested, this, &PromptListView::newPrompt);
     connect(header, &PromptListHeader::deleteRequested, this, &PromptListView::askToDeleteSelection);
     connect(list, &LazyList::clicked, this, [this](int index) { select(shown[index]); });
@@ -142,9 +143,9 @@ QString PromptListView::countTextFor(const QList<Prompt*>& visible) const {
     return isFiltering && !visible.isEmpty() ? countTextOf(visible.size()) : QString();
 }
 
-void PromptListView::refresh() {
+void PromptListView::refresh(bool followsRows) {
     shown = filteredPrompts();
-    list->reload();
+    followsRows ? list->followChanges() : list->reload();
     header->setCount(countTextFor(shown));
     showSelection();
     showEmptyState(shown.isEmpty());

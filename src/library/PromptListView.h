@@ -71,7 +71,9 @@ private:
     void bindRow(QWidget* row, int index);
     void presentEditor();
     void editorClosed();
-    void refresh();
+    /// Shows what passes now. After a change of the prompts the rows may be followed to their places; after one of the
+    /// filter it is another list.
+    void refresh(bool followsRows = false);
     void showSelection();
     void showEmptyState(bool shown);
     void showMenuOfSelection();

@@ -181,5 +181,173 @@ TEST_F(LazyListOf, aNarrowerListMeasuresAnew) {
     EXPECT_EQ(list.rowGeometry(0).width(), 300);
 }
 
+/// Rows of 40 without gaps, each with the text of its key.
+class LazyListOfKeys : public InterfaceTest {
+protected:
+    explicit LazyListOfKeys(int rows = 20) {
+        for (int i = 0; i < rows; ++i)
+            keys.append(addKey());
+        LazyList::Source source;
+        source.count = [this] { return static_cast<int>(keys.size()); };
+        source.height = [](int, int) { return 40; };
+        source.make = [](int, QWidget* parent) { return new QWidget(parent); };
+        source.bind = [this](QWidget* row, int index) { row->setAccessibleName(keys.at(index)->name); };
+        source.key = [this](int index) { return keys.at(index); };
+        list.setSource(std::move(source));
+        list.resize(400, 300);
+        showWindow({400, 300});
+    }
+    struct Key {
+        QString name;
+    };
+    Key* addKey() {
+        made.push_back(std::make_unique<Key>(Key{QString::number(made.size())}));
+        return made.back().get();
+    }
+    int top(int index) const { return list.row(index) ? list.row(index)->y() : -1000; }
+    /// Where the rows in sight are, by their names.
+    QMap<QString, int> places() const {
+        QMap<QString, int> result;
+        for (int index = 0; index < keys.size(); ++index)
+            if (const QWidget* row = list.row(index))
+                result.insert(row->accessibleName(), row->y());
+        return result;
+    }
+    bool hasSettled() const {
+        for (int index = list.visibleRange().first; index <= list.visibleRange().second; ++index)
+            if (top(index) != list.rowGeometry(index).top() - list.verticalScrollBar()->value())
+                return false;
+        return true;
+    }
+
+    std::vector<std::unique_ptr<Key>> made;
+    QList<Key*> keys;
+    LazyList list{QStringLiteral("Prompts"), &window};
+};
+
+TEST_F(LazyListOfKeys, aRowThatMovesAndThoseItPassesSlideToTheirPlaces) {
+    const QMap<QString, int> before = places();
+    keys.move(5, 0);
+    list.followChanges();
+    EXPECT_EQ(list.rowGeometry(0).top(), 0);
+    EXPECT_EQ(places(), before); // they set out from where they were
+    EXPECT_TRUE(QTest::qWaitFor([this] { return hasSettled(); }, 3000));
+    EXPECT_EQ(list.row(0)->accessibleName(), QStringLiteral("5"));
+}
+
+TEST_F(LazyListOfKeys, whereARowGoesThoseBelowCloseTheGapAndOthersSlideIntoSight) {
+    keys.removeFirst();
+    list.followChanges();
+    EXPECT_EQ(top(0), 40);
+    EXPECT_EQ(top(6), 280);
+    EXPECT_EQ(list.row(7), nullptr); // still below
+    EXPECT_TRUE(QTest::qWaitFor([this] { return list.row(7) != nullptr; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return hasSettled(); }, 3000));
+}
+
+TEST_F(LazyListOfKeys, whereARowComesThoseBelowMakeRoomAndOthersSlideOutOfSight) {
+    keys.insert(1, addKey());
+    list.followChanges();
+    EXPECT_EQ(top(0), 0);
+    EXPECT_EQ(top(1), 40); // the new one stands at its place
+    EXPECT_EQ(top(2), 40);
+    EXPECT_EQ(top(8), 280); // seen until it has gone below
+    EXPECT_TRUE(QTest::qWaitFor([this] { return list.row(8) == nullptr; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return hasSettled(); }, 3000));
+}
+
+TEST_F(LazyListOfKeys, aRowFromFarAwaySetsOutJustOutOfSight) {
+    for (int i = 0; i < 1000; ++i)
+        keys.append(addKey());
+    list.reload();
+    keys.move(1000, 2);
+    list.followChanges();
+    EXPECT_EQ(list.row(2), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return hasSettled(); }, 3000));
+}
+
+TEST_F(LazyListOfKeys, rowsSlideFromWhereTheyAreSeenWhereverTheListIsScrolled) {
+    list.verticalScrollBar()->setValue(list.verticalScrollBar()->maximum());
+    const QMap<QString, int> before = places();
+    keys.removeLast();
+    list.followChanges(); // scrolled up by the height of the row
+    QMap<QString, int> after = places();
+    for (auto row = after.begin(); row != after.end(); ++row)
+        EXPECT_EQ(row.value(), before.value(row.key(), -40)) << row.key().toStdString();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return hasSettled(); }, 3000));
+}
+
+TEST_F(LazyListOfKeys, aSecondChangeOnTheWayGoesOnFromThere) {
+    keys.move(5, 0);
+    list.followChanges();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return top(0) < 200; }, 3000));
+    const QMap<QString, int> before = places();
+    keys.move(0, 5);
+    list.followChanges();
+    EXPECT_EQ(places(), before);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return hasSettled(); }, 3000));
+    EXPECT_EQ(list.row(5)->accessibleName(), QStringLiteral("5"));
+}
+
+TEST_F(LazyListOfKeys, aPressOnTheWayIsForTheRowThatIsSeen) {
+    QSignalSpy clicks(&list, &LazyList::clicked);
+    keys.move(5, 0);
+    list.followChanges();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {10, 220}); // where the row sets out
+    ASSERT_EQ(clicks.count(), 1);
+    EXPECT_EQ(clicks.front()[0].toInt(), 0);
+}
+
+TEST_F(LazyListOfKeys, manyChangesAtOnceAreShownAtOnce) {
+    std::reverse(keys.begin(), keys.end());
+    list.followChanges();
+    EXPECT_TRUE(hasSettled());
+    keys.remove(0, 15);
+    list.followChanges();
+    EXPECT_TRUE(hasSettled());
+    keys.clear();
+    list.followChanges();
+    EXPECT_EQ(list.row(0), nullptr);
+}
+
+TEST_F(LazyListOfKeys, aReloadShowsChangesAtOnceAndLeavesASlideOfTheSameRowsAlone) {
+    keys.move(5, 0);
+    list.reload();
+    EXPECT_TRUE(hasSettled());
+    keys.move(5, 0);
+    list.followChanges();
+    list.reload();
+    list.followChanges();
+    EXPECT_FALSE(hasSettled());
+    keys.move(5, 0);
+    list.reload();
+    EXPECT_TRUE(hasSettled());
+}
+
+TEST_F(LazyListOfKeys, withLessMotionAndOutOfSightRowsStandAtTheirPlacesAtOnce) {
+    FakeDesktop::shared().setReducedMotion(true);
+    keys.move(5, 0);
+    list.followChanges();
+    EXPECT_TRUE(hasSettled());
+    FakeDesktop::shared().setReducedMotion(false);
+    keys.move(5, 0);
+    list.followChanges();
+    ASSERT_FALSE(hasSettled());
+    list.hide();
+    keys.move(5, 0);
+    list.followChanges();
+    list.show();
+    EXPECT_TRUE(hasSettled());
+}
+
+TEST_F(LazyListOfKeys, aSlideGoesOnWhileTheListIsScrolled) {
+    keys.move(5, 0);
+    list.followChanges();
+    list.verticalScrollBar()->setValue(20);
+    EXPECT_EQ(top(0), 180);
+    EXPECT_EQ(top(1), -20);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return hasSettled(); }, 3000));
+}
+
 } // namespace
 } // namespace Quillstacks

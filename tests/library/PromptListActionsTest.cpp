@@ -1,6 +1,7 @@
 #include "FullDisk.h"
 #include "interface/Menu.h"
 #include "PromptListFixture.h"
+#include "PromptRow.h"
 
 namespace Quillstacks {
 
@@ -106,6 +107,49 @@ TEST_F(PromptList, pinningIsSavedSaysSoAndMovesTheRow) {
     view().togglePin(lower);
     EXPECT_EQ(toast(), QStringLiteral("Unpinned"));
     EXPECT_EQ(visibleTitles().first(), QStringLiteral("upper"));
+}
+
+TEST_F(PromptList, aPinnedRowSlidesToTheTopAndThoseItPassesMakeRoom) {
+    Prompt* first = addPrompt(QStringLiteral("first"));
+    addPrompt(QStringLiteral("second"));
+    Prompt* third = addPrompt(QStringLiteral("third"));
+    shownView();
+    ASSERT_EQ(visibleTitles(),
+              (QStringList{QStringLiteral("third"), QStringLiteral("second"), QStringLiteral("first")}));
+    const int lowest = rows().row(2)->y();
+    view().togglePin(first);
+    library.context().processPendingChanges();
+    EXPECT_EQ(visibleTitles().front(), QStringLiteral("first"));
+    EXPECT_EQ(static_cast<PromptRow*>(rows().row(0))->prompt(), first);
+    EXPECT_EQ(rows().row(0)->y(), lowest);
+    EXPECT_EQ(static_cast<PromptRow*>(rows().row(1))->prompt(), third);
+    EXPECT_EQ(rows().row(1)->y(), 0);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return rows().row(0)->y() == 0 && rows().row(1)->y() == rows().rowGeometry(1).top(); }, 3000));
+}
+
+TEST_F(PromptList, ofADeletedPromptTheGapCloses) {
+    addPrompt(QStringLiteral("lower"));
+    Prompt* upper = addPrompt(QStringLiteral("upper"));
+    shownView();
+    const int below = rows().row(1)->y();
+    view().askToDelete(upper);
+    view().confirmDeletion();
+    library.context().processPendingChanges();
+    ASSERT_EQ(rows().count(), 1);
+    EXPECT_EQ(rows().row(0)->y(), below);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return rows().row(0)->y() == 0; }, 3000));
+}
+
+TEST_F(PromptList, whatASearchOrATagLeavesStandsAtItsPlaceAtOnce) {
+    addPrompt(QStringLiteral("apple"));
+    addPrompt(QStringLiteral("pear"));
+    shownView().setSearchText(QStringLiteral("apple"));
+    ASSERT_EQ(rows().count(), 1);
+    EXPECT_EQ(rows().row(0)->y(), 0);
+    view().setSearchText(QString());
+    ASSERT_EQ(rows().count(), 2);
+    EXPECT_EQ(rows().row(1)->y(), rows().rowGeometry(1).top());
 }
 
 TEST_F(PromptList, aFailedSaveOfAPinIsIgnoredAndTheChangeStays) {
