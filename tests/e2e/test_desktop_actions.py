@@ -1,6 +1,4 @@
 """What the desktop can ask of the program over the session bus."""
-import os
-import signal
 import unittest
 
 from driver import accessible, bus, keyboard, person, windows
@@ -53,7 +51,7 @@ class StartByTheBus(DesktopCase):
         """The process that there is now."""
         ask(*arguments)
         process = bus.owner()
-        self.addCleanup(os.kill, process, signal.SIGKILL)
+        self.addCleanup(bus.kill_owner, process)
         return process
 
     def test_by_its_name_shows_the_main_window(self):

@@ -1,8 +1,11 @@
 """The session bus, as the desktop uses it to reach a program."""
 import os
+import signal
 from pathlib import Path
 
 from gi.repository import Gio, GLib
+
+from .waiting import until
 
 NAME = "app.Quillstacks"
 PATH = "/app/Quillstacks"
@@ -33,6 +36,12 @@ def perform(action):
 def owner():
     """The process that has the program's name on the bus."""
     return _call(*DBUS, "GetConnectionUnixProcessID", GLib.Variant("(s)", (NAME,)))[0]
+
+
+def kill_owner(process):
+    """As the kernel kills; the name is free afterwards."""
+    os.kill(process, signal.SIGKILL)
+    until(lambda: not _call(*DBUS, "NameHasOwner", GLib.Variant("(s)", (NAME,)))[0], "the program's name to be free")
 
 
 def install_service(program, home):
