@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QPropertyAnimation>
+#include <QWindow>
 
 namespace Quillstacks {
 namespace {
@@ -15,6 +16,8 @@ namespace {
 constexpr int fadeInTime = 150; ///< milliseconds
 constexpr int fadeOutTime = 120;
 constexpr double dismissedDelay = 0.1; ///< seconds
+/// For so long after its show no other window of the program takes the keyboard from the welcome.
+constexpr double comingTime = 2.0; ///< seconds
 
 } // namespace
 
@@ -25,6 +28,7 @@ SplashScreenWindowManager& SplashScreenWindowManager::shared() {
 
 SplashScreenWindowManager::SplashScreenWindowManager(QObject* parent) : QObject(parent) {
     connect(qApp, &QCoreApplication::aboutToQuit, this, &SplashScreenWindowManager::tearDown);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &SplashScreenWindowManager::keepKeyboard);
 }
 
 SplashScreenWindowManager::~SplashScreenWindowManager() {
@@ -63,6 +67,11 @@ void SplashScreenWindowManager::show(std::function<void()> onOpenApp) {
         return;
     delete fading;
     dismissing = false;
+    coming = true;
+    MainQueue::after(comingTime, this, [this, mine = ++shows] {
+        if (mine == shows)
+            coming = false;
+    });
     window->centre(screen, contentSize);
     window->setWindowOpacity(0);
     window->show();
@@ -77,14 +86,16 @@ void SplashScreenWindowManager::fadeIn() {
     // The main window was brought to the front in this turn as well; the welcome is what is to be seen first.
     Windows::showAndActivate(window, 0);
     fade(1, fadeInTime, easeOut());
-    connect(fading, &QAbstractAnimation::finished, this, &SplashScreenWindowManager::keepKeyboard);
+    connect(fading, &QAbstractAnimation::finished, this, [this] { keepKeyboard(QGuiApplication::focusWindow()); });
 }
 
-void SplashScreenWindowManager::keepKeyboard() {
-    // A window manager may pass over a request for a window that it had not mapped yet, and leave the keyboard to the
-    // main window, which asked in the same turn. What another program has stays with it.
-    QWidget* active = QApplication::activeWindow();
-    if (active && active != window && window && window->isVisible())
+void SplashScreenWindowManager::keepKeyboard(const QWindow* focused) {
+    // The main window asks for the keyboard in the same turn, and a window manager may serve that wish last: it passes
+    // over ours when it takes the welcome for the one that has it already. Each move to the main window is answered at
+    // once, not looked at later: the toolkit believes what the window manager says of the focus, right or wrong.
+    // Neither the panel nor another program loses the keyboard to the welcome.
+    const bool isShown = window && window->isVisible();
+    if (coming && isShown && focused && focused != window->windowHandle() && focused->type() == Qt::Window)
         Windows::showAndActivate(window, 0);
 }
 
@@ -103,6 +114,7 @@ void SplashScreenWindowManager::dismiss() {
     if (!window || !window->isVisible() || dismissing)
         return;
     dismissing = true;
+    coming = false;
     fade(0, fadeOutTime, easeIn());
     connect(fading, &QAbstractAnimation::finished, window, &QWidget::close);
     scheduleDismissed();
@@ -112,6 +124,7 @@ void SplashScreenWindowManager::windowClosed() {
     if (!dismissing)
         scheduleDismissed();
     dismissing = false;
+    coming = false;
 }
 
 void SplashScreenWindowManager::scheduleDismissed() {

@@ -7,6 +7,7 @@
 #include <functional>
 
 class QVariantAnimation;
+class QWindow;
 
 namespace Quillstacks {
 
@@ -45,7 +46,7 @@ private:
     void create(std::function<void()> onOpenApp);
     void fade(qreal opacity, int milliseconds, const QEasingCurve& easing);
     void fadeIn();
-    void keepKeyboard();
+    void keepKeyboard(const QWindow* focused);
     void windowClosed();
     void scheduleDismissed();
 
@@ -54,6 +55,8 @@ private:
     QPointer<SplashScreenView> view;
     QPointer<QVariantAnimation> fading;
     bool dismissing = false;
+    bool coming = false; ///< was shown a moment ago
+    quint32 shows = 0;
 };
 
 } // namespace Quillstacks

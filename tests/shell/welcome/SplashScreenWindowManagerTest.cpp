@@ -3,6 +3,8 @@
 
 #include <QScreen>
 #include <QScrollBar>
+#include <QSignalBlocker>
+#include <QWindow>
 
 namespace Quillstacks {
 namespace {
@@ -90,10 +92,51 @@ TEST_F(WelcomeWindow, aKeyboardThatStayedWithTheMainWindowIsTakenOnceItHasComeIn
     main.show();
     welcome().show({});
     turn();
-    main.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+    {
+        // As if the welcome had never had it: no move is told.
+        const QSignalBlocker untold(qApp);
+        main.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+    }
     EXPECT_TRUE(QTest::qWaitFor([] { return window()->windowOpacity() >= 1 && window()->isActiveWindow(); }));
     EXPECT_EQ(desktop.callsOf(QStringLiteral("showAndActivate splash-screen")).size(), 2);
+}
+
+TEST_F(WelcomeWindow, aKeyboardThatMovesToTheMainWindowWhileItComesIsTakenBackAtOnce) {
+    QWidget main;
+    main.show();
+    open();
+    // What the toolkit believes a moment later is not asked: here it never hears of the move.
+    desktop.calls.clear();
+    Q_EMIT qApp->focusWindowChanged(main.windowHandle());
+    EXPECT_EQ(desktop.calls, QStringList{QStringLiteral("showAndActivate splash-screen 0")});
+    EXPECT_TRUE(window()->isActiveWindow());
+    clock.advance(2s);
+    desktop.calls.clear();
+    Q_EMIT qApp->focusWindowChanged(main.windowHandle());
+    EXPECT_EQ(desktop.calls, QStringList{}) << "whoever goes there now wants to";
+}
+
+TEST_F(WelcomeWindow, aPanelOrAnotherProgramKeepsTheKeyboardWhileItComes) {
+    QWidget panel(nullptr, Qt::Tool | Qt::FramelessWindowHint);
+    panel.show();
+    open();
+    desktop.calls.clear();
+    Q_EMIT qApp->focusWindowChanged(panel.windowHandle());
+    Q_EMIT qApp->focusWindowChanged(nullptr);
+    EXPECT_EQ(desktop.calls, QStringList{});
+}
+
+TEST_F(WelcomeWindow, aDismissalLeavesTheKeyboardToTheMainWindow) {
+    QWidget main;
+    main.show();
+    open();
+    desktop.calls.clear();
+    welcome().dismiss();
+    Q_EMIT qApp->focusWindowChanged(main.windowHandle());
+    ASSERT_TRUE(QTest::qWaitFor([] { return !window()->isVisible(); }));
+    Q_EMIT qApp->focusWindowChanged(main.windowHandle());
+    EXPECT_EQ(desktop.callsOf(QStringLiteral("showAndActivate splash-screen")), QStringList{});
 }
 
 TEST_F(WelcomeWindow, aDismissalFadesItOutAndCloses) {
