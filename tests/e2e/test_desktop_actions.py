@@ -1,10 +1,15 @@
 """What the desktop can ask of the program over the session bus."""
+import configparser
+import subprocess
 import unittest
+from pathlib import Path
 
 from driver import accessible, bus, keyboard, person, windows
 from driver.desktop_case import DesktopCase
 from driver.program import MAIN, PANEL
 from driver.waiting import stays, until
+
+ENTRY = Path(__file__).parents[2] / "resources" / "app.Quillstacks.desktop"
 
 
 class DesktopActions(DesktopCase):
@@ -24,6 +29,17 @@ class DesktopActions(DesktopCase):
         field = person.title_field(program)
         keyboard.type_text("From outside")
         until(lambda: field.text == "From outside", "the title to hold what was typed")
+
+    def test_the_commands_of_the_desktop_entry_call_them(self):
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.read(ENTRY)
+        program = self.started()
+        subprocess.run(entry["Desktop Action quick-access"]["Exec"].split(), check=True)
+        program.wait_for_panel()
+        subprocess.run(entry["Desktop Action quick-access"]["Exec"].split(), check=True)
+        program.wait_for_no_panel()
+        subprocess.run(entry["Desktop Action new-prompt"]["Exec"].split(), check=True)
+        person.title_field(program)
 
     def test_an_action_of_another_name_does_nothing(self):
         program = self.started()
