@@ -2,16 +2,12 @@
 #include "hotkey/HotkeySettingsView.h"
 #include "hotkey/PermissionBannerModifier.h"
 #include "hotkey/PermissionManager.h"
-#include "interface/AppearanceMode.h"
 #include "interface/Button.h"
 #include "interface/Card.h"
 #include "interface/Sheet.h"
-#include "interface/Style.h"
 #include "platform/FakeDesktop.h"
+#include "support/Preview.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -80,19 +76,8 @@ void takePermission(const QString& folder) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QTemporaryDir home;
-    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(name, home.path().toUtf8());
-    QApplication application(argc, argv);
-    QFont font(QStringLiteral("Inter"));
-    font.setPointSizeF(10.5);
-    QApplication::setFont(font);
-    installStyle(application);
-    const QStringList arguments = QApplication::arguments();
-    const QString folder = arguments.value(1, QStringLiteral("."));
-    QDir().mkpath(folder);
-    appearanceModePreference().set(arguments.contains(QStringLiteral("light")) ? AppearanceMode::light
-                                                                               : AppearanceMode::dark);
+    const Preview preview(argc, argv);
+    const QString folder = Preview::folder();
     takeCards(folder);
     takePermission(folder);
     return 0;

@@ -1,9 +1,7 @@
-#include "interface/AppearanceMode.h"
 #include "interface/IconButton.h"
 #include "interface/LazyList.h"
 #include "interface/Menu.h"
 #include "interface/Sheet.h"
-#include "interface/Style.h"
 #include "interface/TextField.h"
 #include "interface/Theme.h"
 #include "library/model/ModelContainer.h"
@@ -12,12 +10,10 @@
 #include "library/PromptListView.h"
 #include "mainwindow/ContentView.h"
 #include "Samples.h"
+#include "support/Preview.h"
 #include "TagPictures.h"
 
-#include <QApplication>
 #include <QCursor>
-#include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Quillstacks;
@@ -108,21 +104,10 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
-    const QTemporaryDir home;
-    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(name, home.path().toUtf8());
-    QApplication application(argc, argv);
-    QFont font(QStringLiteral("Inter"));
-    font.setPointSizeF(10.5);
-    QApplication::setFont(font);
-    installStyle(application);
-    const QStringList arguments = QApplication::arguments();
-    const QString folder = arguments.value(1, QStringLiteral("."));
-    QDir().mkpath(folder);
-    appearanceModePreference().set(arguments.contains(QStringLiteral("light")) ? AppearanceMode::light
-                                                                               : AppearanceMode::dark);
+    const Preview preview(argc, argv);
+    const QString folder = Preview::folder();
 
-    ModelContainer container(Schema::current(), {home.filePath(QStringLiteral("Quillstacks.store"))});
+    ModelContainer container(Schema::current(), {preview.storeFile()});
     ContentView view(container.mainContext());
     view.resize(1280, 720);
     view.show();

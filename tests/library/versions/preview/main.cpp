@@ -1,15 +1,11 @@
 #include "foundation/Clock.h"
-#include "interface/AppearanceMode.h"
 #include "interface/Card.h"
-#include "interface/Style.h"
 #include "library/model/ModelContainer.h"
 #include "library/model/ModelContext.h"
 #include "library/versions/VersionHistorySettingsView.h"
 #include "library/versions/VersionHistoryView.h"
+#include "support/Preview.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -125,20 +121,9 @@ void takeAll(ModelContext& context, Camera& camera) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QTemporaryDir home;
-    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(name, home.path().toUtf8());
-    QApplication application(argc, argv);
-    QFont font(QStringLiteral("Inter"));
-    font.setPointSizeF(10.5);
-    QApplication::setFont(font);
-    installStyle(application);
-    const QStringList arguments = QApplication::arguments();
-    const QString folder = arguments.value(1, QStringLiteral("."));
-    QDir().mkpath(folder);
-    appearanceModePreference().set(arguments.contains(QStringLiteral("light")) ? AppearanceMode::light
-                                                                               : AppearanceMode::dark);
-    ModelContainer container(Schema::current(), {home.filePath(QStringLiteral("Quillstacks.store"))});
+    const Preview preview(argc, argv);
+    const QString folder = Preview::folder();
+    ModelContainer container(Schema::current(), {preview.storeFile()});
     Camera camera(container.mainContext(), folder);
     takeAll(container.mainContext(), camera);
     camera.takeSettings();

@@ -1,21 +1,17 @@
 #include "ProgressView.h"
 
 #include "backup/DataExportImportViewModel.h"
-#include "interface/AppearanceMode.h"
 #include "interface/Button.h"
 #include "interface/ScrollArea.h"
 #include "interface/Sheet.h"
-#include "interface/Style.h"
 #include "library/model/ModelContainer.h"
 #include "library/model/ModelContext.h"
 #include "mainwindow/settings/SettingsView.h"
+#include "support/Preview.h"
 #include "upkeep/LaunchAtLoginSettingsView.h"
 #include "upkeep/SparkleUpdaterManager.h"
 
-#include <QApplication>
-#include <QDir>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <tuple>
@@ -101,23 +97,12 @@ void takeAll(QWidget& window, ModelContext& library, const QString& folder) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QTemporaryDir home;
-    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(name, home.path().toUtf8());
-    QApplication application(argc, argv);
-    QFont font(QStringLiteral("Inter"));
-    font.setPointSizeF(10.5);
-    QApplication::setFont(font);
-    installStyle(application);
-    const QStringList arguments = QApplication::arguments();
-    const QString folder = arguments.value(1, QStringLiteral("."));
-    QDir().mkpath(folder);
-    appearanceModePreference().set(arguments.contains(QStringLiteral("light")) ? AppearanceMode::light
-                                                                               : AppearanceMode::dark);
+    const Preview preview(argc, argv);
+    const QString folder = Preview::folder();
     QWidget window;
     window.resize(1440, 900);
     window.show();
-    const ModelContainer container(Schema::current(), {home.filePath(QStringLiteral("Quillstacks.store"))});
+    const ModelContainer container(Schema::current(), {preview.storeFile()});
     takeAll(window, container.mainContext(), folder);
     return 0;
 }

@@ -1,17 +1,13 @@
 #include "hotkey/PermissionManager.h"
-#include "interface/AppearanceMode.h"
 #include "interface/StatusLine.h"
-#include "interface/Style.h"
 #include "platform/FakeDesktop.h"
 #include "shell/welcome/SplashScreenView.h"
 #include "shell/welcome/SplashScreenWindow.h"
 #include "shell/welcome/SplashScreenWindowManager.h"
+#include "support/Preview.h"
 
-#include <QApplication>
-#include <QDir>
 #include <QPainter>
 #include <QScreen>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Quillstacks;
@@ -55,20 +51,8 @@ void takeAll(const QString& folder) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QTemporaryDir home;
-    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(name, home.path().toUtf8());
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QFont font(QStringLiteral("Inter"));
-    font.setPointSizeF(10.5);
-    QApplication::setFont(font);
-    installStyle(application);
-    const QStringList arguments = QApplication::arguments();
-    const QString folder = arguments.value(1, QStringLiteral("."));
-    QDir().mkpath(folder);
-    appearanceModePreference().set(arguments.contains(QStringLiteral("light")) ? AppearanceMode::light
-                                                                               : AppearanceMode::dark);
+    const Preview preview(argc, argv);
+    const QString folder = Preview::folder();
     PermissionManager::shared().refreshPermission();
     takeAll(folder);
     return 0;
