@@ -3,6 +3,7 @@
 #include "interface/AppearanceMode.h"
 #include "interface/Label.h"
 #include "interface/SegmentedPicker.h"
+#include "interface/TextStyle.h"
 
 #include <QVBoxLayout>
 
@@ -42,11 +43,15 @@ AppearanceSettingsView::AppearanceSettingsView(QWidget* parent) : QWidget(parent
     hint->setMaximumLines(0);
     column->addWidget(hint);
     column->addSpacing(12);
-    // At the foot of a card that is higher than it needs.
-    column->addStretch();
+    // In line with the recorder in the card beside, whose hint takes a second line, but no lower where that card has
+    // more to say.
+    auto* secondLine = new QWidget;
+    secondLine->setMaximumHeight(textLineHeight(TextStyle::caption));
+    column->addWidget(secondLine, 1);
     picker = new SegmentedPicker(QStringLiteral("Appearance"), segments());
     picker->setSize(SegmentedPicker::Size::field);
     column->addWidget(picker);
+    column->addStretch(); // what is left then
 
     showMode();
     appearanceModePreference().observe(this, [this] { showMode(); });

@@ -99,6 +99,27 @@ TEST_F(AppearanceSettings, systemFollowsTheDesktopWhileTheSheetIsOpen) {
     EXPECT_TRUE(isChosen("System"));
 }
 
+TEST_F(AppearanceSettings, thePickerStandsInLineWithTheRecorderBeside) {
+    open();
+    const auto top = [this](const QWidget* widget) { return widget->mapTo(&window, QPoint(0, 0)).y(); };
+    const QWidget* recorder = part("HotkeyRecorderView");
+    const QWidget* picker = part("AppearanceSettingsView")->findChild<SegmentedPicker*>();
+    EXPECT_EQ(top(picker), top(recorder));
+}
+
+TEST_F(AppearanceSettings, thePickerStaysThereInAHigherCard) {
+    AppearanceSettingsView view;
+    const auto* picker = view.findChild<SegmentedPicker*>();
+    view.resize(350, 300);
+    view.show();
+    QCoreApplication::processEvents();
+    const int place = picker->y();
+    EXPECT_LT(place, 150);
+    view.resize(350, 500);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(picker->y(), place);
+}
+
 TEST_F(AppearanceSettings, arrowsChooseToo) {
     open();
     named(QStringLiteral("Dark"))->setFocus(Qt::TabFocusReason);
