@@ -124,6 +124,8 @@ struct FakeDesktop final {
     std::function<QByteArray(const QUrl&)> fetchAnswer;
     /// The path that a download ends at, or throws; empty: it doesn't end.
     std::function<QString(const Updates::SignedFile&)> downloadAnswer;
+    /// Ends what has no answer, with an empty one, on the next turns of the loop.
+    static void endSilence();
 
     // LanguageModel
     /// One call of respond().

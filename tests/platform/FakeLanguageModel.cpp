@@ -1,21 +1,20 @@
 #include "platform/FakeDesktop.h"
+#include "platform/Gate.h"
 #include "platform/LanguageModel.h"
-
-#include <QCoroSignal>
 
 namespace Quillstacks {
 
 namespace {
 
-/// What the held turns wait for. Its name changes when they are let go; that signal is at hand.
-QObject& gate() {
-    static QObject object;
-    return object;
+/// What the held turns wait at.
+Gate& gate() {
+    static Gate held;
+    return held;
 }
 
 QCoro::Task<LanguageModelSession::Response> answer(FakeDesktop::ModelTurn turn) {
     while (FakeDesktop::shared().modelIsHeld)
-        co_await qCoro(&gate(), &QObject::objectNameChanged);
+        co_await gate().opened();
     const auto say = FakeDesktop::shared().modelAnswer;
     co_return LanguageModelSession::Response{say ? say(turn) : QString()};
 }
@@ -28,8 +27,7 @@ void FakeDesktop::holdModel() {
 
 void FakeDesktop::releaseModel() {
     modelIsHeld = false;
-    static int releases = 0;
-    gate().setObjectName(QString::number(++releases));
+    gate().open();
 }
 
 LanguageModelSession::LanguageModelSession(SystemLanguageModel, QString text) : instructions(std::move(text)) {

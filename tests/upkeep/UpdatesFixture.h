@@ -29,6 +29,8 @@ protected:
     ~UpdatesFixture() override {
         QCoreApplication::setApplicationVersion({});
         manager.reset();
+        FakeDesktop::endSilence();
+        QCoreApplication::processEvents();
     }
 
     void launch(const UpdateOrigin& origin = {QStringLiteral("https://example.org"), QByteArray(32, 'k')}) {

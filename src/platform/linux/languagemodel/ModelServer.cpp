@@ -21,7 +21,7 @@ ModelServer& ModelServer::shared() {
 }
 
 ModelServer::ModelServer() {
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &ModelServer::end);
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &ModelServer::end);
 }
 
 ModelServer::Use::Use(ModelServer& wanted) : server(wanted) {

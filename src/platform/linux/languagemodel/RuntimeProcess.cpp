@@ -35,6 +35,12 @@ void tieTo(pid_t program) {
         ::_exit(startFailed);
 }
 
+/// Owns what has been told to end. It is never destroyed, as the end of the program would wait for the end of each.
+QObject& leaving() {
+    static QObject& owner = *new QObject;
+    return owner;
+}
+
 } // namespace
 
 RuntimeProcess::RuntimeProcess(QObject* parent) : QObject(parent), process(new QProcess) {
@@ -60,6 +66,7 @@ RuntimeProcess::~RuntimeProcess() {
     }
     // It keeps nothing that it would have to save, and one that hangs would not hear a more polite word. Its object
     // stays until it is gone, as a model of many gigabytes takes its time to leave memory.
+    process->setParent(&leaving());
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
     if (const auto group = static_cast<pid_t>(process->processId()); group > 0)
         ::kill(-group, SIGKILL);

@@ -25,7 +25,7 @@ QString withoutStop(QString sentence) {
 
 Transfer::Transfer(const QUrl& url, qint64 most, Take taker) : take(std::move(taker)), limit(most) {
     // The toolkit's network has a thread of its own, which must not outlive the program's main function.
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &Transfer::abandon);
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &Transfer::abandon);
     MainQueue::async(this, [this, url] { start(url); });
 }
 
