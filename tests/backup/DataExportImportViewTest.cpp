@@ -41,6 +41,15 @@ protected:
                 return one;
         return nullptr;
     }
+    /// Starts to export a hundred prompts, and stops in the middle; a TickingClock must make each slice short.
+    void stopWithinAnExport() {
+        for (int number = 0; number < 100; ++number)
+            library.addPrompt(QString::number(number));
+        button("Export")->click();
+        for (int turn = 0; turn < 5; ++turn)
+            QCoreApplication::processEvents();
+        ASSERT_TRUE(model.isExporting());
+    }
     [[nodiscard]] static QStringList texts(const QWidget& within) {
         QStringList result;
         for (const Label* label : within.findChildren<Label*>())
@@ -338,12 +347,7 @@ TEST_F(DataExportImport, aResultThatNobodyReadYetIsShownByTheNextScreen) {
 
 TEST_F(DataExportImport, whatIsDeletedWhileItIsPreparedIsNotInTheBackup) {
     const TickingClock clock;
-    for (int number = 0; number < 100; ++number)
-        library.addPrompt(QString::number(number));
-    button("Export")->click();
-    for (int turn = 0; turn < 5; ++turn)
-        QCoreApplication::processEvents();
-    ASSERT_TRUE(model.isExporting());
+    ASSERT_NO_FATAL_FAILURE(stopWithinAnExport());
     for (Prompt* prompt : library.context().prompts())
         library.context().remove(prompt);
     ASSERT_TRUE(QTest::qWaitFor([this] { return view->showingFileExporter(); }));
@@ -370,12 +374,7 @@ TEST_F(DataExportImport, aScreenThatGoesWithItsModelAsksItNothing) {
 
 TEST_F(DataExportImport, aScreenThatGoesWhileItExportsGivesItUp) {
     const TickingClock clock;
-    for (int number = 0; number < 100; ++number)
-        library.addPrompt(QString::number(number));
-    button("Export")->click();
-    for (int turn = 0; turn < 5; ++turn)
-        QCoreApplication::processEvents();
-    ASSERT_TRUE(model.isExporting());
+    ASSERT_NO_FATAL_FAILURE(stopWithinAnExport());
     delete view;
     EXPECT_FALSE(model.isExporting()) << "the next screen can export again";
     for (int turn = 0; turn < 500; ++turn)
