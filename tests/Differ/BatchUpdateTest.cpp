@@ -115,13 +115,13 @@ TEST(BatchUpdate, theTransformIsAskedOnceForEachPosition) {
     EXPECT_EQ(update, BatchUpdate(extendedDiff("abcdef"sv, "dbxceg"sv)));
 }
 
-using E = NestedExtendedDiff::Element;
+using NXE = NestedExtendedDiff::Element;
 
 NestedExtendedDiff everyKind() {
     NestedExtendedDiff diff;
-    diff.elements = {E::deleteSection(4),    E::insertSection(5),    E::moveSection(0, 2),
-                     E::deleteElement(1, 3), E::insertElement(2, 3), E::moveElement({1, 2}, {3, 4}),
-                     E::deleteSection(1),    E::insertElement(0, 0)};
+    diff.elements = {NXE::deleteSection(4),    NXE::insertSection(5),    NXE::moveSection(0, 2),
+                     NXE::deleteElement(1, 3), NXE::insertElement(2, 3), NXE::moveElement({1, 2}, {3, 4}),
+                     NXE::deleteSection(1),    NXE::insertElement(0, 0)};
     return diff;
 }
 

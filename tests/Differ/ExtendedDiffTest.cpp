@@ -3,25 +3,25 @@
 namespace {
 
 using namespace DifferTest;
-using E = ExtendedDiff::Element;
+using XE = ExtendedDiff::Element;
 using Indices = std::vector<Index>;
 
-static_assert(extendedDiff("ab"sv, "ba"sv).elements == std::vector{E::move(0, 1)});
+static_assert(extendedDiff("ab"sv, "ba"sv).elements == std::vector{XE::move(0, 1)});
 static_assert(extendedDiff(""sv, ""sv).elements.empty());
 
-std::string between(std::string_view source, std::string_view target) {
+std::string extendedBetween(std::string_view source, std::string_view target) {
     return text(extendedDiff(source, target));
 }
 
 TEST(ExtendedDiff, twoEqualElementsSwappedGiveOneMoveAndNothingElse) {
-    EXPECT_EQ(between("ab", "ba"), "M(0,1)");
-    EXPECT_EQ(between("xaby", "xbay"), "M(1,2)");
+    EXPECT_EQ(extendedBetween("ab", "ba"), "M(0,1)");
+    EXPECT_EQ(extendedBetween("xaby", "xbay"), "M(1,2)");
 }
 
 TEST(ExtendedDiff, aDeletionAndAnEqualInsertionFarApartAreAMove) {
     const std::string middle(300, '-');
-    EXPECT_EQ(between("a" + middle, middle + "a"), "M(0,300)");
-    EXPECT_EQ(between(middle + "a", "a" + middle), "M(300,0)");
+    EXPECT_EQ(extendedBetween("a" + middle, middle + "a"), "M(0,300)");
+    EXPECT_EQ(extendedBetween(middle + "a", "a" + middle), "M(300,0)");
 }
 
 TEST(ExtendedDiff, anEmptyDiffGivesEmptyElementsAndEmptySourceIndex) {
@@ -34,10 +34,10 @@ TEST(ExtendedDiff, anEmptyDiffGivesEmptyElementsAndEmptySourceIndex) {
 }
 
 TEST(ExtendedDiff, whatHasNoPartnerStaysAsItIs) {
-    EXPECT_EQ(between("abc", "abd"), "D(2) I(2)");
-    EXPECT_EQ(between("", "ab"), "I(0) I(1)");
-    EXPECT_EQ(between("ab", ""), "D(0) D(1)");
-    EXPECT_EQ(between("aab", "ba"), "M(0,1) D(1)");
+    EXPECT_EQ(extendedBetween("abc", "abd"), "D(2) I(2)");
+    EXPECT_EQ(extendedBetween("", "ab"), "I(0) I(1)");
+    EXPECT_EQ(extendedBetween("ab", ""), "D(0) D(1)");
+    EXPECT_EQ(extendedBetween("aab", "ba"), "M(0,1) D(1)");
 }
 
 TEST(ExtendedDiff, keepsThePlainDiffItWasMadeFrom) {
@@ -107,8 +107,8 @@ TEST(ExtendedDiff, twoOfAKindMakeNoMove) {
 
 TEST(ExtendedDiff, aMatchIsMadeInEitherOrderAndOnlyOfEqualElements) {
     const auto asked = [](Index x, Index y) { return x == 3 && y == 5; };
-    EXPECT_EQ(detail::createMatch(Diff::Element::deleteAt(3), Diff::Element::insertAt(5), asked), E::move(3, 5));
-    EXPECT_EQ(detail::createMatch(Diff::Element::insertAt(5), Diff::Element::deleteAt(3), asked), E::move(3, 5));
+    EXPECT_EQ(detail::createMatch(Diff::Element::deleteAt(3), Diff::Element::insertAt(5), asked), XE::move(3, 5));
+    EXPECT_EQ(detail::createMatch(Diff::Element::insertAt(5), Diff::Element::deleteAt(3), asked), XE::move(3, 5));
     EXPECT_FALSE(detail::createMatch(Diff::Element::deleteAt(5), Diff::Element::insertAt(3), asked));
 }
 
@@ -120,9 +120,9 @@ TEST(ExtendedDiff, thePredicateGetsTheSourceElementFirst) {
 }
 
 TEST(ExtendedDiff, debugTextsOfElements) {
-    EXPECT_EQ(E::insertAt(1).debugText(), "I(1)");
-    EXPECT_EQ(E::deleteAt(2).debugText(), "D(2)");
-    EXPECT_EQ(E::move(3, 10).debugText(), "M(3,10)");
+    EXPECT_EQ(XE::insertAt(1).debugText(), "I(1)");
+    EXPECT_EQ(XE::deleteAt(2).debugText(), "D(2)");
+    EXPECT_EQ(XE::move(3, 10).debugText(), "M(3,10)");
 }
 
 TEST(ExtendedDiff, isACollectionOfItsElements) {
@@ -155,7 +155,6 @@ TEST(ExtendedDiff, aReadyDiffNeedNotBeTheShortest) {
 }
 
 TEST(ExtendedDiff, aPredicateThatIsNoEqualityPairsByItAlone) {
-    const auto sameLetter = [](char a, char b) { return std::tolower(a) == std::tolower(b); };
     EXPECT_EQ(text(extendedDiff("aB"sv, "bA"sv, sameLetter)), "M(0,1)");
     EXPECT_EQ(text(extendedDiff("aB"sv, "bA"sv)), "D(0) D(1) I(0) I(1)");
     EXPECT_EQ(text(extendedDiff("ab"sv, "ab"sv, [](char, char) { return false; })), "D(0) D(1) I(0) I(1)");
@@ -174,7 +173,7 @@ TEST(ExtendedDiff, ofManyEqualElementsEachIsUsedOnce) {
 
 TEST(ExtendedDiffDeathTest, aMatchThatIsNoMoveEndsTheProcess) {
     const Diff plain{Diff::Element::deleteAt(0), Diff::Element::insertAt(0)};
-    EXPECT_DEATH(detail::MovePairing(plain).accept(0, 1, E::insertAt(0)),
+    EXPECT_DEATH(detail::MovePairing(plain).accept(0, 1, XE::insertAt(0)),
                  "Fatal error: file Differ/ExtendedDiff, line 115");
 }
 
@@ -187,7 +186,7 @@ ExtendedDiff pairByHand(const Diff& plain, const std::string& source, const std:
         if (dirty.contains(c) || result.moveIndices.contains(c)) {
             continue;
         }
-        std::optional<E> match;
+        std::optional<XE> match;
         Index m = c + 1;
         for (; m < static_cast<Index>(plain.size()); ++m) {
             if (!dirty.contains(m) && !result.moveIndices.contains(m)) {
@@ -201,7 +200,8 @@ ExtendedDiff pairByHand(const Diff& plain, const std::string& source, const std:
         }
         if (!match) {
             result.sourceIndex.push_back(c);
-            result.elements.push_back(plain[c].isInsertion() ? E::insertAt(plain[c].at()) : E::deleteAt(plain[c].at()));
+            result.elements.push_back(plain[c].isInsertion() ? XE::insertAt(plain[c].at())
+                                                             : XE::deleteAt(plain[c].at()));
             continue;
         }
         const bool isFirst = match->from() == plain[c].at();
@@ -222,7 +222,7 @@ ExtendedDiff pairByHand(const Diff& plain, const std::string& source, const std:
     return result;
 }
 
-void check(const std::string& source, const std::string& target) {
+void checkExtended(const std::string& source, const std::string& target) {
     const ExtendedDiff result = extendedDiff(source, target);
     ASSERT_EQ(result, pairByHand(diff(source, target), source, target)) << source << ' ' << target;
     ASSERT_EQ(applied(result, source, target), target) << source << ' ' << target;
@@ -242,7 +242,7 @@ TEST(ExtendedDiffProperties, holdForAllPairsOfShortTexts) {
         const auto words = allWords(static_cast<std::size_t>(length), letters);
         for (const auto& source : words) {
             for (const auto& target : words) {
-                ASSERT_NO_FATAL_FAILURE(check(source, target));
+                ASSERT_NO_FATAL_FAILURE(checkExtended(source, target));
             }
         }
     }
@@ -253,8 +253,8 @@ TEST(ExtendedDiffProperties, holdForRandomTexts) {
     for (int round = 0; round < 1000; ++round) {
         const int letters = 1 + upTo(random, 25);
         const std::string source = randomWord(random, 60, letters);
-        ASSERT_NO_FATAL_FAILURE(check(source, edited(random, source, upTo(random, 20), letters)));
-        ASSERT_NO_FATAL_FAILURE(check(source, randomWord(random, 60, letters)));
+        ASSERT_NO_FATAL_FAILURE(checkExtended(source, edited(random, source, upTo(random, 20), letters)));
+        ASSERT_NO_FATAL_FAILURE(checkExtended(source, randomWord(random, 60, letters)));
     }
 }
 
@@ -263,7 +263,7 @@ TEST(ExtendedDiffProperties, theIndexFieldsAreInverseToEachOther) {
     for (int round = 0; round < 500; ++round) {
         const std::string source = randomWord(random, 40, 5);
         const ExtendedDiff result = extendedDiff(source, edited(random, source, upTo(random, 25), 5));
-        const auto moves = std::ranges::count(result, E::Kind::move, &E::kind);
+        const auto moves = std::ranges::count(result, XE::Kind::move, &XE::kind);
         ASSERT_EQ(result.sourceIndex.size(), result.source.size());
         ASSERT_EQ(result.sourceIndex.size(), result.size() + static_cast<std::size_t>(moves));
         ASSERT_EQ(result.moveIndices.size(), static_cast<std::size_t>(moves));
@@ -282,9 +282,9 @@ TEST(ExtendedDiffProperties, noMoveIsLeftToMake) {
         std::map<char, int> deleted;
         std::map<char, int> inserted;
         for (const auto element : extendedDiff(source, target)) {
-            if (element.kind() == E::Kind::deletion) {
+            if (element.kind() == XE::Kind::deletion) {
                 ++deleted[source[static_cast<std::size_t>(element.at())]];
-            } else if (element.kind() == E::Kind::insertion) {
+            } else if (element.kind() == XE::Kind::insertion) {
                 ++inserted[target[static_cast<std::size_t>(element.at())]];
             }
         }

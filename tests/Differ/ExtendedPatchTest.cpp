@@ -5,12 +5,12 @@
 namespace {
 
 using namespace DifferTest;
-using Step = ExtendedPatch<char>;
-using E = ExtendedDiff::Element;
-using Kind = E::Kind;
+using ExtendedStep = ExtendedPatch<char>;
+using XE = ExtendedDiff::Element;
+using Kind = XE::Kind;
 
-const auto movesFirst = [](const E& a, const E& b) { return a.kind() == Kind::move && b.kind() != Kind::move; };
-const auto movesLast = [](const E& a, const E& b) { return a.kind() != Kind::move && b.kind() == Kind::move; };
+const auto movesFirst = [](const XE& a, const XE& b) { return a.kind() == Kind::move && b.kind() != Kind::move; };
+const auto movesLast = [](const XE& a, const XE& b) { return a.kind() != Kind::move && b.kind() == Kind::move; };
 
 TEST(ExtendedPatch, ofTwoEqualCollectionsIsEmpty) {
     EXPECT_TRUE(extendedPatch("abc"sv, "abc"sv).empty());
@@ -18,19 +18,20 @@ TEST(ExtendedPatch, ofTwoEqualCollectionsIsEmpty) {
 }
 
 TEST(ExtendedPatch, aMoveIsOneStep) {
-    EXPECT_EQ(extendedPatch("abc"sv, "cab"sv), (std::vector{Step::move(2, 0)}));
-    EXPECT_EQ(extendedPatch("ab"sv, "ba"sv), (std::vector{Step::move(0, 1)}));
+    EXPECT_EQ(extendedPatch("abc"sv, "cab"sv), (std::vector{ExtendedStep::move(2, 0)}));
+    EXPECT_EQ(extendedPatch("ab"sv, "ba"sv), (std::vector{ExtendedStep::move(0, 1)}));
 }
 
 TEST(ExtendedPatch, insertionsAndDeletionsAreThoseOfAPlainPatch) {
-    EXPECT_EQ(extendedPatch("abc"sv, "abd"sv), (std::vector{Step::deletion(2), Step::insertion(2, 'd')}));
+    EXPECT_EQ(extendedPatch("abc"sv, "abd"sv),
+              (std::vector{ExtendedStep::deletion(2), ExtendedStep::insertion(2, 'd')}));
     EXPECT_EQ(extendedPatch("abc"sv, "abd"sv)[1].element(), 'd');
 }
 
 TEST(ExtendedPatch, debugTextsFollowThoseOfTheDiffElements) {
-    EXPECT_EQ(Step::insertion(1, 'x').debugText(), "I(1)");
-    EXPECT_EQ(Step::deletion(2).debugText(), "D(2)");
-    EXPECT_EQ(Step::move(3, 4).debugText(), "M(3,4)");
+    EXPECT_EQ(ExtendedStep::insertion(1, 'x').debugText(), "I(1)");
+    EXPECT_EQ(ExtendedStep::deletion(2).debugText(), "D(2)");
+    EXPECT_EQ(ExtendedStep::move(3, 4).debugText(), "M(3,4)");
 }
 
 TEST(ExtendedPatch, stepsFollowTheDiffsOwnOrderOrTheOneAskedFor) {
@@ -54,26 +55,27 @@ TEST(ExtendedPatch, aMoveWhoseInsertionIsNamedFirstIsAppliedAsAnyOther) {
 }
 
 /// The patch with each position counted anew; a move takes out, and then puts in.
-std::vector<Step> patchByHand(const std::string& source, const std::string& target, auto isBefore) {
+std::vector<ExtendedStep> extendedPatchByHand(const std::string& source, const std::string& target, auto isBefore) {
     const ExtendedDiff extended = extendedDiff(source, target);
     std::vector<Index> order(extended.size());
     std::iota(order.begin(), order.end(), Index{0});
     std::ranges::stable_sort(order, [&](Index a, Index b) { return isBefore(extended[a], extended[b]); });
     SequenceOnItsWay sequence(source, target);
-    std::vector<Step> steps;
+    std::vector<ExtendedStep> steps;
     for (const Index place : order) {
-        const E element = extended[place];
+        const XE element = extended[place];
         const auto movesBefore = std::count_if(extended.begin(), extended.begin() + place,
-                                               [](const E& earlier) { return earlier.kind() == Kind::move; });
+                                               [](const XE& earlier) { return earlier.kind() == Kind::move; });
         const auto entry = extended.sourceIndex.begin() + place + movesBefore;
         if (element.kind() == Kind::deletion) {
-            steps.push_back(Step::deletion(sequence.apply(*entry)));
+            steps.push_back(ExtendedStep::deletion(sequence.apply(*entry)));
         } else if (element.kind() == Kind::insertion) {
-            steps.push_back(Step::insertion(sequence.apply(*entry), target[static_cast<std::size_t>(element.at())]));
+            steps.push_back(
+                ExtendedStep::insertion(sequence.apply(*entry), target[static_cast<std::size_t>(element.at())]));
         } else {
             const bool isDeletionFirst = extended.source[*entry].isDeletion();
             const Index from = sequence.apply(isDeletionFirst ? *entry : *(entry + 1));
-            steps.push_back(Step::move(from, sequence.apply(isDeletionFirst ? *(entry + 1) : *entry)));
+            steps.push_back(ExtendedStep::move(from, sequence.apply(isDeletionFirst ? *(entry + 1) : *entry)));
         }
     }
     return steps;
@@ -85,12 +87,12 @@ TEST(ExtendedPatchProperties, positionsAreThoseOfTheMomentInAnyOrder) {
         const int letters = 1 + upTo(random, 12);
         const std::string source = randomWord(random, 30, letters);
         const std::string target = edited(random, source, upTo(random, 20), letters);
-        const auto never = [](const E&, const E&) { return false; };
-        const auto highestFirst = [](const E& a, const E& b) { return a.to() > b.to(); };
-        ASSERT_EQ(extendedPatch(source, target), patchByHand(source, target, never)) << source << ' ' << target;
-        ASSERT_EQ(extendedPatch(source, target, movesFirst), patchByHand(source, target, movesFirst));
-        ASSERT_EQ(extendedPatch(source, target, movesLast), patchByHand(source, target, movesLast));
-        ASSERT_EQ(extendedPatch(source, target, highestFirst), patchByHand(source, target, highestFirst));
+        const auto never = [](const XE&, const XE&) { return false; };
+        const auto highestFirst = [](const XE& a, const XE& b) { return a.to() > b.to(); };
+        ASSERT_EQ(extendedPatch(source, target), extendedPatchByHand(source, target, never)) << source << ' ' << target;
+        ASSERT_EQ(extendedPatch(source, target, movesFirst), extendedPatchByHand(source, target, movesFirst));
+        ASSERT_EQ(extendedPatch(source, target, movesLast), extendedPatchByHand(source, target, movesLast));
+        ASSERT_EQ(extendedPatch(source, target, highestFirst), extendedPatchByHand(source, target, highestFirst));
     }
 }
 
@@ -124,14 +126,14 @@ TEST(BoxedDiffAndPatchElement, carriesADiffElementWithItsOneOrTwoSteps) {
     using Box = BoxedDiffAndPatchElement<char>;
     const SortedPatchElement<char> deletion{Patch<char>::deletion(1), 0, 0};
     const SortedPatchElement<char> insertion{Patch<char>::insertion(2, 'x'), 1, 1};
-    const Box move = Box::move(E::move(1, 2), deletion, insertion);
+    const Box move = Box::move(XE::move(1, 2), deletion, insertion);
     EXPECT_TRUE(move.isMove());
-    EXPECT_EQ(move.diffElement(), E::move(1, 2));
+    EXPECT_EQ(move.diffElement(), XE::move(1, 2));
     EXPECT_EQ(move.deletion(), deletion);
     EXPECT_EQ(move.insertion(), insertion);
-    const Box single = Box::single(E::deleteAt(1), deletion);
+    const Box single = Box::single(XE::deleteAt(1), deletion);
     EXPECT_FALSE(single.isMove());
-    EXPECT_EQ(single.diffElement(), E::deleteAt(1));
+    EXPECT_EQ(single.diffElement(), XE::deleteAt(1));
     EXPECT_EQ(single.patchElement(), deletion);
 }
 
@@ -143,11 +145,11 @@ TEST(ExtendedPatchProperties, applyingItInEveryOrderGivesTheTarget) {
         std::vector<std::size_t> ranks(ready.size());
         std::iota(ranks.begin(), ranks.end(), 0U);
         do {
-            const auto rank = [&](const E& element) {
+            const auto rank = [&](const XE& element) {
                 return ranks[static_cast<std::size_t>(std::ranges::find(ready.elements, element) -
                                                       ready.elements.begin())];
             };
-            const auto isBefore = [&](const E& a, const E& b) { return rank(a) < rank(b); };
+            const auto isBefore = [&](const XE& a, const XE& b) { return rank(a) < rank(b); };
             ASSERT_EQ(applied(extendedPatch(source, target, isBefore), std::string(source)), target);
         } while (std::ranges::next_permutation(ranks).found);
     }
@@ -159,7 +161,7 @@ TEST(ExtendedPatchProperties, applyingItInAnyOrderGivesTheTarget) {
         const int letters = 1 + upTo(random, 12);
         const std::string source = randomWord(random, 30, letters);
         const std::string target = edited(random, source, upTo(random, 20), letters);
-        const auto whim = [&](const E&, const E&) { return upTo(random, 1) == 1; };
+        const auto whim = [&](const XE&, const XE&) { return upTo(random, 1) == 1; };
         ASSERT_EQ(applied(extendedPatch(source, target), source), target) << source << ' ' << target;
         ASSERT_EQ(applied(extendedPatch(source, target, movesFirst), source), target) << source << ' ' << target;
         ASSERT_EQ(applied(extendedPatch(source, target, movesLast), source), target) << source << ' ' << target;

@@ -5,29 +5,24 @@
 namespace {
 
 using namespace DifferTest;
-using E = NestedDiff::Element;
-using Sections = std::vector<std::string>;
-
-/// The first letter is a section's name.
-const auto sameName = [](const std::string& a, const std::string& b) { return a.substr(0, 1) == b.substr(0, 1); };
-const auto sameLetter = [](char a, char b) { return std::tolower(a) == std::tolower(b); };
+using NE = NestedDiff::Element;
 
 std::string text(const NestedDiff& diff) {
     std::string result;
-    for (const E& element : diff.elements) {
+    for (const NE& element : diff.elements) {
         const std::string section = std::to_string(element.section());
         const std::string place = std::to_string(element.item()) + "," + section;
         switch (element.kind()) {
-        case E::Kind::deleteSection:
+        case NE::Kind::deleteSection:
             result += "DS(" + section + ") ";
             break;
-        case E::Kind::insertSection:
+        case NE::Kind::insertSection:
             result += "IS(" + section + ") ";
             break;
-        case E::Kind::deleteElement:
+        case NE::Kind::deleteElement:
             result += "DE(" + place + ") ";
             break;
-        case E::Kind::insertElement:
+        case NE::Kind::insertElement:
             result += "IE(" + place + ") ";
             break;
         }
@@ -38,22 +33,22 @@ std::string text(const NestedDiff& diff) {
 /// Items leave and sections leave by the source's numbers; sections come and items come by the target's.
 Sections applied(const NestedDiff& diff, Sections content, const Sections& target) {
     for (auto element = diff.elements.rbegin(); element != diff.elements.rend(); ++element) {
-        if (element->kind() == E::Kind::deleteElement) {
+        if (element->kind() == NE::Kind::deleteElement) {
             content[static_cast<std::size_t>(element->section())].erase(static_cast<std::size_t>(element->item()), 1);
         }
     }
     for (auto element = diff.elements.rbegin(); element != diff.elements.rend(); ++element) {
-        if (element->kind() == E::Kind::deleteSection) {
+        if (element->kind() == NE::Kind::deleteSection) {
             content.erase(content.begin() + element->section());
         }
     }
-    for (const E& element : diff.elements) {
-        if (element.kind() == E::Kind::insertSection) {
+    for (const NE& element : diff.elements) {
+        if (element.kind() == NE::Kind::insertSection) {
             content.insert(content.begin() + element.section(), target[static_cast<std::size_t>(element.section())]);
         }
     }
-    for (const E& element : diff.elements) {
-        if (element.kind() == E::Kind::insertElement) {
+    for (const NE& element : diff.elements) {
+        if (element.kind() == NE::Kind::insertElement) {
             const auto section = static_cast<std::size_t>(element.section());
             const auto item = static_cast<std::size_t>(element.item());
             content[section].insert(item, 1, target[section][item]);

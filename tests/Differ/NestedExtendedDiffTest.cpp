@@ -6,12 +6,9 @@
 namespace {
 
 using namespace DifferTest;
-using E = NestedExtendedDiff::Element;
-using Sections = std::vector<std::string>;
+using NXE = NestedExtendedDiff::Element;
 
-const auto sameName = [](const std::string& a, const std::string& b) { return a.substr(0, 1) == b.substr(0, 1); };
-const auto sameLetter = [](char a, char b) { return std::tolower(a) == std::tolower(b); };
-using Elements = std::vector<E>;
+using Elements = std::vector<NXE>;
 
 TEST(NestedExtendedDiff, equalCollectionsGiveNothing) {
     EXPECT_TRUE(nestedExtendedDiff(Sections{"ab", "cd"}, Sections{"ab", "cd"}).elements.empty());
@@ -19,42 +16,43 @@ TEST(NestedExtendedDiff, equalCollectionsGiveNothing) {
 
 TEST(NestedExtendedDiff, sectionsComeGoAndMove) {
     EXPECT_EQ(nestedExtendedDiff(Sections{"ab", "cd"}, Sections{"cd", "ab"}).elements,
-              (Elements{E::moveSection(0, 1)}));
+              (Elements{NXE::moveSection(0, 1)}));
     EXPECT_EQ(nestedExtendedDiff(Sections{"ab"}, Sections{"cd"}).elements,
-              (Elements{E::deleteSection(0), E::insertSection(0)}));
+              (Elements{NXE::deleteSection(0), NXE::insertSection(0)}));
 }
 
 TEST(NestedExtendedDiff, itemsMoveWithinASectionThatRemains) {
     EXPECT_EQ(nestedExtendedDiff(Sections{"X", "Aabc"}, Sections{"Acab"}, sameName).elements,
-              (Elements{E::deleteSection(0), E::moveElement({3, 1}, {1, 0})}));
+              (Elements{NXE::deleteSection(0), NXE::moveElement({3, 1}, {1, 0})}));
 }
 
 TEST(NestedExtendedDiff, deletionsCarryTheSourcesSectionAndInsertionsTheTargets) {
-    EXPECT_EQ(nestedExtendedDiff(Sections{"X", "Y", "Aab"}, Sections{"Aac"}, sameName).elements,
-              (Elements{E::deleteSection(0), E::deleteSection(1), E::deleteElement(2, 2), E::insertElement(2, 0)}));
+    EXPECT_EQ(
+        nestedExtendedDiff(Sections{"X", "Y", "Aab"}, Sections{"Aac"}, sameName).elements,
+        (Elements{NXE::deleteSection(0), NXE::deleteSection(1), NXE::deleteElement(2, 2), NXE::insertElement(2, 0)}));
 }
 
 TEST(NestedExtendedDiff, itemsOfAMovedSectionAreNotCompared) {
     EXPECT_EQ(nestedExtendedDiff(Sections{"Aab", "B"}, Sections{"B", "Axy"}, sameName).elements,
-              (Elements{E::moveSection(0, 1)}));
+              (Elements{NXE::moveSection(0, 1)}));
 }
 
 TEST(NestedExtendedDiff, anItemThatGoesToAnotherSectionDoesNotMove) {
     EXPECT_EQ(nestedExtendedDiff(Sections{"Ax", "B"}, Sections{"A", "Bx"}, sameName).elements,
-              (Elements{E::deleteElement(1, 0), E::insertElement(1, 1)}));
+              (Elements{NXE::deleteElement(1, 0), NXE::insertElement(1, 1)}));
 }
 
 TEST(NestedExtendedDiff, itemsByAPredicate) {
     EXPECT_TRUE(nestedExtendedDiff(Sections{"Aab"}, Sections{"AAB"}, sameName, sameLetter).elements.empty());
     EXPECT_EQ(nestedExtendedDiff(Sections{"ab", "c"}, Sections{"c", "ab"}, Equality{}, sameLetter).elements,
-              (Elements{E::moveSection(0, 1)}));
+              (Elements{NXE::moveSection(0, 1)}));
     EXPECT_EQ(nestedExtendedDiff(Sections{"Aab"}, Sections{"ABA"}, sameName, sameLetter).elements,
-              (Elements{E::moveElement({1, 0}, {2, 0})}));
+              (Elements{NXE::moveElement({1, 0}, {2, 0})}));
 }
 
 TEST(NestedExtendedDiff, atCompileTime) {
     using Two = std::array<std::string_view, 2>;
-    static_assert(nestedExtendedDiff(Two{"ab", "cd"}, Two{"cd", "ab"}).elements == Elements{E::moveSection(0, 1)});
+    static_assert(nestedExtendedDiff(Two{"ab", "cd"}, Two{"cd", "ab"}).elements == Elements{NXE::moveSection(0, 1)});
     static_assert(nestedDiff(Two{"ab", "cd"}, Two{"ab", "cx"}).elements.size() == 2);
     static_assert(NestedBatchUpdate(nestedExtendedDiff(Two{"ab", "cd"}, Two{"cd", "ab"})).sectionMoves.size() == 1);
 }
@@ -64,9 +62,9 @@ Elements byHand(const Sections& source, const Sections& target, auto isEqualSect
     Elements elements;
     for (const auto element : extendedDiff(source, target, isEqualSection)) {
         using Kind = ExtendedDiff::Element::Kind;
-        elements.push_back(element.kind() == Kind::move       ? E::moveSection(element.from(), element.to())
-                           : element.kind() == Kind::deletion ? E::deleteSection(element.at())
-                                                              : E::insertSection(element.at()));
+        elements.push_back(element.kind() == Kind::move       ? NXE::moveSection(element.from(), element.to())
+                           : element.kind() == Kind::deletion ? NXE::deleteSection(element.at())
+                                                              : NXE::insertSection(element.at()));
     }
     for (const Trace& trace : diffTraces(source, target, isEqualSection)) {
         if (!trace.isMatch()) {
@@ -77,9 +75,9 @@ Elements byHand(const Sections& source, const Sections& target, auto isEqualSect
         const auto items = extendedDiff(source[static_cast<std::size_t>(x)], target[static_cast<std::size_t>(y)]);
         for (const auto element : items) {
             using Kind = ExtendedDiff::Element::Kind;
-            elements.push_back(element.kind() == Kind::move ? E::moveElement({element.from(), x}, {element.to(), y})
-                               : element.kind() == Kind::deletion ? E::deleteElement(element.at(), x)
-                                                                  : E::insertElement(element.at(), y));
+            elements.push_back(element.kind() == Kind::move ? NXE::moveElement({element.from(), x}, {element.to(), y})
+                               : element.kind() == Kind::deletion ? NXE::deleteElement(element.at(), x)
+                                                                  : NXE::insertElement(element.at(), y));
         }
     }
     return elements;
@@ -112,26 +110,26 @@ TEST(NestedExtendedDiffProperties, withItsMovesTakenApartIsTheNestedDiff) {
         std::vector<NestedDiff::Element> plain = nestedDiff(source, target, sameName).elements;
         std::vector<NestedDiff::Element> apart;
         using P = NestedDiff::Element;
-        for (const E& element : nestedExtendedDiff(source, target, sameName).elements) {
+        for (const NXE& element : nestedExtendedDiff(source, target, sameName).elements) {
             const IndexPath from = element.from();
             const IndexPath to = element.to();
             switch (element.kind()) {
-            case E::Kind::moveSection:
+            case NXE::Kind::moveSection:
                 apart.push_back(P::insertSection(to.section));
                 [[fallthrough]];
-            case E::Kind::deleteSection:
+            case NXE::Kind::deleteSection:
                 apart.push_back(P::deleteSection(from.section));
                 break;
-            case E::Kind::insertSection:
+            case NXE::Kind::insertSection:
                 apart.push_back(P::insertSection(to.section));
                 break;
-            case E::Kind::moveElement:
+            case NXE::Kind::moveElement:
                 apart.push_back(P::insertElement(to.item, to.section));
                 [[fallthrough]];
-            case E::Kind::deleteElement:
+            case NXE::Kind::deleteElement:
                 apart.push_back(P::deleteElement(from.item, from.section));
                 break;
-            case E::Kind::insertElement:
+            case NXE::Kind::insertElement:
                 apart.push_back(P::insertElement(to.item, to.section));
                 break;
             }
@@ -144,13 +142,13 @@ TEST(NestedExtendedDiffProperties, withItsMovesTakenApartIsTheNestedDiff) {
 }
 
 TEST(NestedExtendedDiff, elementsTellTheirPlaces) {
-    EXPECT_EQ(E::deleteSection(3).at(), (IndexPath{0, 3}));
-    EXPECT_EQ(E::insertElement(1, 2).at(), (IndexPath{1, 2}));
-    EXPECT_EQ(E::moveSection(4, 5).from().section, 4);
-    EXPECT_EQ(E::moveSection(4, 5).to().section, 5);
-    EXPECT_EQ(E::moveElement({1, 2}, {3, 4}).from(), (IndexPath{1, 2}));
-    EXPECT_EQ(E::moveElement({1, 2}, {3, 4}).to(), (IndexPath{3, 4}));
-    EXPECT_NE(E::deleteSection(3), E::insertSection(3));
+    EXPECT_EQ(NXE::deleteSection(3).at(), (IndexPath{0, 3}));
+    EXPECT_EQ(NXE::insertElement(1, 2).at(), (IndexPath{1, 2}));
+    EXPECT_EQ(NXE::moveSection(4, 5).from().section, 4);
+    EXPECT_EQ(NXE::moveSection(4, 5).to().section, 5);
+    EXPECT_EQ(NXE::moveElement({1, 2}, {3, 4}).from(), (IndexPath{1, 2}));
+    EXPECT_EQ(NXE::moveElement({1, 2}, {3, 4}).to(), (IndexPath{3, 4}));
+    EXPECT_NE(NXE::deleteSection(3), NXE::insertSection(3));
 }
 
 } // namespace

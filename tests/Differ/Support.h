@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <functional>
 #include <map>
 #include <random>
@@ -55,6 +56,14 @@ inline std::vector<std::string> allWords(std::size_t length, int letters) {
     }
     return words;
 }
+
+using Sections = std::vector<std::string>;
+
+/// The first letter is a section's name.
+inline constexpr auto sameName = [](const std::string& a, const std::string& b) {
+    return a.substr(0, 1) == b.substr(0, 1);
+};
+inline constexpr auto sameLetter = [](char a, char b) { return std::tolower(a) == std::tolower(b); };
 
 using Random = std::mt19937;
 
