@@ -5,6 +5,7 @@
 
 #include <functional>
 
+class QImage;
 class QObject;
 class QScreen;
 class QWidget;
@@ -14,6 +15,11 @@ namespace Quillstacks::Windows {
 
 /// Call once for a panel's window before its first show: it stands on every workspace, above full-screen windows too.
 void preparePanel(QWidget* panel);
+/// What a prepared panel that is hidden shows from its mapping until it has drawn itself, where the window system can do
+/// that: premultiplied, and as large as the panel in pixels. It stays with the panel's native window.
+void setFirstPicture(QWidget* panel, const QImage& picture);
+/// Takes it back: it is no longer how the panel will look.
+void clearFirstPicture(QWidget* panel);
 /// Shows, raises and focuses a window for a key press or a command of the user, also against a window manager's
 /// focus-stealing prevention. `eventTime` is the time of the key press; 0 when there is none.
 void showAndActivate(QWidget* window, quint32 eventTime);

@@ -12,10 +12,13 @@
 #include "interface/Shadow.h"
 #include "interface/TextField.h"
 #include "interface/Theme.h"
+#include "variables/VariablePreferences.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+
+#include <utility>
 
 namespace Quillstacks {
 
@@ -36,21 +39,31 @@ void QuickAccessView::connectParts() {
                           static_cast<QWidget*>(toggle())})
         part->installEventFilter(this);
     connect(list, &QuickAccessResultList::clicked, this, &QuickAccessView::choose);
+    connectToWhatItShows();
+}
+
+void QuickAccessView::connectToWhatItShows() {
     connect(&prompts, &LiveQueryBase::changed, this, [this] {
         list->forgetHeights();
-        // A view that was built ahead takes the library as it is when it appears.
-        isPrepared = false;
+        outdate();
         if (hasAppeared)
             refresh();
     });
     connect(&Theme::shared(), &Theme::changed, this, [this] {
         list->forgetHeights();
-        isPrepared = false;
+        outdate();
         placeParts();
         update();
         if (hasAppeared)
             refresh();
     });
+    enableVariableSubstitutionPreference().observe(this, [this] { outdate(); });
+}
+
+// A view that was built ahead takes the library as it is when it appears.
+void QuickAccessView::outdate() {
+    if (std::exchange(isPrepared, false))
+        Q_EMIT outdated();
 }
 
 FillVariablesToggle* QuickAccessView::toggle() const {

@@ -69,6 +69,10 @@ public:
     [[nodiscard]] QuickAccessSearchRow* searchRow() const { return searchBar; }
     [[nodiscard]] FillVariablesToggle* toggle() const;
 
+Q_SIGNALS:
+    /// What prepare() has put there is no longer what an appear() will show.
+    void outdated();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -78,6 +82,8 @@ protected:
 private:
     void build();
     void connectParts();
+    void connectToWhatItShows();
+    void outdate();
     void placeParts();
     void refresh();
     void showResults(const QList<Prompt*>& results);

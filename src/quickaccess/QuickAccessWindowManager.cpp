@@ -21,7 +21,9 @@ namespace Quillstacks {
 
 namespace {
 constexpr int fadeMilliseconds = 120;
-}
+/// After a change of what the next show needs; changes often come in series.
+constexpr double preparationDelay = 0.5;
+} // namespace
 
 QuickAccessWindowManager& QuickAccessWindowManager::shared() {
     static auto* const manager = new QuickAccessWindowManager(qApp);
@@ -105,6 +107,8 @@ void QuickAccessWindowManager::show() {
     panel->rootView()->setGeometry(panel->rect()); // a panel that is hidden passes its size on only when it is shown
     panel->setWindowOpacity(Windows::isComposited() ? 0.0 : 1.0);
     panel->rootView()->appear();
+    if (pictureSize != sizeInPixels())
+        Windows::clearFirstPicture(panel);
     blurBehind();
     Windows::showAndActivate(panel, eventTime);
     // In a block of its own, so that the panel is on screen before it begins.
@@ -123,16 +127,33 @@ void QuickAccessWindowManager::createPanel() {
     });
 }
 
-// Draws the panel once where nobody sees it: glyphs, symbols, the shadow and the rows' layouts are kept from then on.
+// Draws the panel once where nobody sees it: glyphs, symbols, the shadow and the rows' layouts are kept from then on,
+// and the picture is there before the panel has drawn itself.
 void QuickAccessWindowManager::drawAhead() {
-    const qreal ratio = panel->devicePixelRatioF();
-    QImage image(panel->size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
+    pictureSize = sizeInPixels();
+    QImage image(pictureSize, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(panel->devicePixelRatioF());
+    image.fill(Qt::transparent);
     panel->render(&image);
+    Windows::setFirstPicture(panel, image);
+}
+
+// The next show begins without a picture, unless there is time to prepare it anew.
+void QuickAccessWindowManager::dropPicture() {
+    Windows::clearFirstPicture(panel);
+    MainQueue::after(preparationDelay, this, [this, change = ++changesWhileHidden] {
+        if (change == changesWhileHidden)
+            prepare();
+    });
+}
+
+QSize QuickAccessWindowManager::sizeInPixels() const {
+    return panel->size() * panel->devicePixelRatioF();
 }
 
 void QuickAccessWindowManager::renewRootView() {
     panel->setRootView(new QuickAccessView(container->mainContext(), [this] { close(); }));
+    connect(rootView(), &QuickAccessView::outdated, this, &QuickAccessWindowManager::dropPicture);
     isRootFresh = true;
 }
 

@@ -46,6 +46,7 @@ private:
     void show();
     void createPanel();
     void drawAhead();
+    void dropPicture();
     void renewRootView();
     void blurBehind();
     void followCard();
@@ -53,12 +54,15 @@ private:
     void applicationStateChanged(Qt::ApplicationState state);
     void tearDown();
     [[nodiscard]] QRect panelFrame() const;
+    [[nodiscard]] QSize sizeInPixels() const;
 
     ModelContainer* container = nullptr;
     // The application deletes what windows are left when it ends, and may do so before the manager goes.
     QPointer<QuickAccessPanel> panel;
     QPointer<QVariantAnimation> fade;
     bool isRootFresh = false;
+    QSize pictureSize; ///< of the panel as it was drawn ahead, in pixels
+    quint64 changesWhileHidden = 0;
     bool isApplicationActive = true;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/Updates.h"
 
 #include <QIcon>
+#include <QImage>
 #include <QPoint>
 #include <QPointer>
 #include <QRect>
@@ -69,6 +70,7 @@ struct FakeDesktop final {
     QPointer<QWidget> lastActivated;
     std::vector<QPointer<QWidget>> panels;            ///< prepared ones
     std::map<const QWidget*, bool> skipsTaskbar;      ///< what was last said of each window
+    std::map<const QWidget*, QImage> firstPictures;   ///< what hidden panels will show first
     std::map<const QWidget*, QRect> blurred;          ///< the area behind each window
     QPoint mouse;                                     ///< in global coordinates
     std::function<QScreen*(const QPoint&)> screenFor; ///< empty: the toolkit's own screens are searched

@@ -32,6 +32,14 @@ void preparePanel(QWidget* panel) {
     FakeDesktop::shared().panels.emplace_back(panel);
 }
 
+void setFirstPicture(QWidget* panel, const QImage& picture) {
+    FakeDesktop::shared().firstPictures[panel] = picture;
+}
+
+void clearFirstPicture(QWidget* panel) {
+    FakeDesktop::shared().firstPictures.erase(panel);
+}
+
 void showAndActivate(QWidget* window, quint32 eventTime) {
     noteWindow("showAndActivate", window);
     FakeDesktop::shared().lastActivated = window;

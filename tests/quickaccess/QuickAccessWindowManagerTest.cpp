@@ -112,6 +112,50 @@ TEST_F(QuickAccessWindow, aPreparedViewShowsWhatChangedBeforeThePress) {
     EXPECT_EQ(row->height(), QuickAccessRow::heightFor(*prompt, row->width(), metrics));
 }
 
+TEST_F(QuickAccessWindow, thePictureOfAPreparedPanelIsThereBeforeIt) {
+    add(QStringLiteral("letter"), QStringLiteral("Dear {{name}}"));
+    manager.prepare();
+    const QImage picture = desktop().firstPictures[panel()];
+    EXPECT_EQ(picture.size(), panel()->size() * panel()->devicePixelRatioF());
+    toggle();
+    // The search field has its cursor only once it has the keyboard.
+    const QRect below(QPoint(0, view()->searchRow()->geometry().bottom() + 1), picture.rect().bottomRight());
+    EXPECT_EQ(picture.copy(below), panel()->grab().toImage().convertToFormat(picture.format()).copy(below));
+}
+
+TEST_F(QuickAccessWindow, aChangeWhileItIsHiddenTakesThePictureBackAndOneIsMadeAnewOnceItIsQuiet) {
+    using namespace std::chrono_literals;
+    Prompt* prompt = add(QStringLiteral("letter"));
+    manager.prepare();
+    const QImage before = desktop().firstPictures[panel()];
+    prompt->setTitle(QStringLiteral("renamed"));
+    context.processPendingChanges();
+    EXPECT_FALSE(desktop().firstPictures.contains(panel()));
+    clock.advance(499ms);
+    QTest::qWait(0);
+    EXPECT_FALSE(desktop().firstPictures.contains(panel()));
+    clock.advance(1ms);
+    QTest::qWait(0);
+    ASSERT_TRUE(desktop().firstPictures.contains(panel()));
+    EXPECT_NE(desktop().firstPictures[panel()], before);
+}
+
+TEST_F(QuickAccessWindow, aChangeThatNobodyHeardOfBeforeThePressTakesThePictureBack) {
+    Prompt* prompt = add(QStringLiteral("letter"));
+    manager.prepare();
+    prompt->setTitle(QStringLiteral("renamed"));
+    toggle();
+    EXPECT_FALSE(desktop().firstPictures.contains(panel()));
+}
+
+TEST_F(QuickAccessWindow, theSwitchOfTheFooterIsPartOfThePicture) {
+    manager.prepare();
+    ASSERT_TRUE(desktop().firstPictures.contains(panel()));
+    const auto& preference = enableVariableSubstitutionPreference();
+    preference.set(!preference.value());
+    EXPECT_FALSE(desktop().firstPictures.contains(panel()));
+}
+
 TEST_F(QuickAccessWindow, aRowGrowsWithItsBodyWhileThePanelIsOpen) {
     Prompt* prompt = add(QStringLiteral("letter"), QStringLiteral("short"));
     toggle();

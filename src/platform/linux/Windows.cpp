@@ -1,6 +1,7 @@
 #include "platform/Windows.h"
 
 #include "x11/Connection.h"
+#include "x11/FirstPicture.h"
 #include "x11/PanelHints.h"
 #include "x11/SelectionWatch.h"
 
@@ -50,8 +51,20 @@ bool isFocusedWhileHidden(const QWidget* window) {
 } // namespace
 
 void preparePanel(QWidget* panel) {
-    if (X11::connection())
-        new X11::PanelHints(panel);
+    if (!X11::connection())
+        return;
+    new X11::PanelHints(panel);
+    new X11::FirstPicture(panel);
+}
+
+void setFirstPicture(QWidget* panel, const QImage& picture) {
+    if (auto* first = X11::FirstPicture::of(panel))
+        first->set(picture);
+}
+
+void clearFirstPicture(QWidget* panel) {
+    if (auto* first = X11::FirstPicture::of(panel))
+        first->clear();
 }
 
 void showAndActivate(QWidget* window, quint32 eventTime) {

@@ -84,6 +84,22 @@ std::vector<quint32> OtherClient::property(xcb_window_t window, const char* name
     return {values, values + reply->value_len};
 }
 
+std::optional<quint32> OtherClient::pixel(xcb_window_t window, int x, int y) {
+    const auto cookie = xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, static_cast<int16_t>(x),
+                                      static_cast<int16_t>(y), 1, 1, ~0U);
+    const auto reply = owned(xcb_get_image_reply(connection, cookie, nullptr));
+    if (!reply || xcb_get_image_data_length(reply.get()) < 4)
+        return std::nullopt;
+    quint32 value = 0;
+    std::memcpy(&value, xcb_get_image_data(reply.get()), sizeof value);
+    return value;
+}
+
+void OtherClient::uncover(xcb_window_t window) {
+    xcb_clear_area(connection, 0, window, 0, 0, 0, 0);
+    settle();
+}
+
 bool OtherClient::hasMessage(const char* type) {
     const xcb_atom_t wanted = atom(type);
     while (const auto event = owned(xcb_poll_for_event(connection)))

@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <optional>
+#include <vector>
 #include <xcb/xcb.h>
 
 namespace Quillstacks {
@@ -31,6 +33,10 @@ public:
     [[nodiscard]] xcb_window_t activeWindow();
     /// A property's 32-bit values.
     [[nodiscard]] std::vector<quint32> property(xcb_window_t window, const char* name);
+    /// The colour of a window's pixel as it is on screen, alpha included; unset while the window is not.
+    [[nodiscard]] std::optional<quint32> pixel(xcb_window_t window, int x, int y);
+    /// Has the server draw a window's background anew, as when something moves off it.
+    void uncover(xcb_window_t window);
     /// Whether a message of this type has come to one of its windows.
     [[nodiscard]] bool hasMessage(const char* type);
 

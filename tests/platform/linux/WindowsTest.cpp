@@ -3,7 +3,10 @@
 #include "platform/HotKeys.h"
 #include "Tool.h"
 
+#include <QDeadlineTimer>
+#include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScreen>
 #include <QTest>
 #include <QWidget>
@@ -13,6 +16,16 @@
 namespace Quillstacks {
 
 namespace {
+
+class Painted final : public QWidget {
+public:
+    Painted(QWidget* parent, const QColor& filling) : QWidget(parent), color(filling) { setGeometry(parent->rect()); }
+
+private:
+    void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).fillRect(rect(), color); }
+
+    const QColor color;
+};
 
 class WindowsOnX11 : public testing::Test {
 protected:
@@ -218,6 +231,41 @@ TEST_F(WindowsOnX11, blurIsAskedForBehindARoundedRectangle) {
     EXPECT_FALSE(region.contains(QPoint(10, 20))) << "the corners stay out";
     EXPECT_TRUE(region.contains(QPoint(60, 20)));
     EXPECT_TRUE(region.contains(QPoint(60, 60)));
+}
+
+TEST_F(WindowsOnX11, aPanelShowsItsFirstPictureBeforeItHasDrawnItselfAndNeverAfter) {
+    constexpr quint32 red = 0xFFFF0000;
+    constexpr quint32 blue = 0xFF0000FF;
+    const auto panel = makePanel();
+    Painted content(panel.get(), QColor::fromRgb(blue));
+    QImage picture(panel->size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(QColor::fromRgb(red));
+    Windows::setFirstPicture(panel.get(), picture);
+    const xcb_window_t window = idOf(*panel);
+    Windows::showAndActivate(panel.get(), 0);
+    // Nobody comes to the main loop meanwhile, so the panel can't draw itself.
+    std::optional<quint32> shown;
+    for (const QDeadlineTimer limit(5000); !shown && !limit.hasExpired();)
+        shown = other.pixel(window, 150, 100);
+    EXPECT_EQ(shown, red);
+    EXPECT_TRUE(eventually([&] { return other.pixel(window, 150, 100) == blue; }));
+    other.uncover(window);
+    EXPECT_EQ(other.pixel(window, 150, 100), blue);
+}
+
+TEST_F(WindowsOnX11, aFirstPictureThatWasTakenBackIsNotShown) {
+    const auto panel = makePanel();
+    QImage picture(panel->size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::red);
+    Windows::setFirstPicture(panel.get(), picture);
+    Windows::clearFirstPicture(panel.get());
+    const xcb_window_t window = idOf(*panel);
+    Windows::showAndActivate(panel.get(), 0);
+    std::optional<quint32> shown;
+    for (const QDeadlineTimer limit(5000); !shown && !limit.hasExpired();)
+        shown = other.pixel(window, 150, 100);
+    ASSERT_TRUE(shown);
+    EXPECT_NE(*shown, 0xFFFF0000);
 }
 
 TEST_F(WindowsOnX11, theScreenIsTheFirstWhoseFrameContainsThePoint) {
