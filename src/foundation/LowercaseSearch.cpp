@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -57,6 +58,67 @@ char16_t lowercasedUnit(QStringView text, qsizetype position) {
     return U16_IS_LEAD(unit) ? U16_LEAD(lower) : U16_TRAIL(lower);
 }
 
+#ifdef __SSE2__
+constexpr qsizetype placesAtOnce = 8;
+
+/// Tests of a unit, for eight at a time.
+template <int count>
+class Vectors final {
+public:
+    template <typename Tests>
+    explicit Vectors(const Tests& tests) {
+        for (int index = 0; index < count; ++index) {
+            masks[index] = _mm_set1_epi16(static_cast<short>(tests[index].mask));
+            values[index] = _mm_set1_epi16(static_cast<short>(tests[index].value));
+        }
+    }
+    /// All bits of those of the eight units for which a test holds.
+    [[nodiscard]] __m128i heldBy(const char16_t* place) const {
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(place));
+        __m128i held = _mm_cmpeq_epi16(_mm_or_si128(units, masks[0]), values[0]);
+        for (int index = 1; index < count; ++index)
+            held = _mm_or_si128(held, _mm_cmpeq_epi16(_mm_or_si128(units, masks[index]), values[index]));
+        return held;
+    }
+
+private:
+    __m128i masks[count];
+    __m128i values[count];
+};
+
+bool isNone(__m128i held) {
+    return _mm_movemask_epi8(held) == 0;
+}
+
+qsizetype firstOf(__m128i held) {
+    return std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(held))) / 2;
+}
+
+/// The first place from `from` on where one of the first tests holds at `one` and one of the second at `other`; or the
+/// place from which on fewer than eight are left.
+template <int count>
+qsizetype skip(const Vectors<count>& first, const char16_t* one, const Vectors<count>& second, const char16_t* other,
+               qsizetype from, qsizetype end) {
+    constexpr qsizetype parts = 4;
+    for (; from + parts * placesAtOnce <= end; from += parts * placesAtOnce) {
+        __m128i held[parts];
+        for (qsizetype part = 0; part < parts; ++part)
+            held[part] = first.heldBy(one + from + part * placesAtOnce);
+        if (isNone(_mm_or_si128(_mm_or_si128(held[0], held[1]), _mm_or_si128(held[2], held[3]))))
+            continue;
+        for (qsizetype part = 0; part < parts; ++part) {
+            const qsizetype place = from + part * placesAtOnce;
+            if (const auto both = _mm_and_si128(held[part], second.heldBy(other + place)); !isNone(both))
+                return place + firstOf(both);
+        }
+    }
+    for (; from + placesAtOnce <= end; from += placesAtOnce)
+        if (const auto both = _mm_and_si128(first.heldBy(one + from), second.heldBy(other + from)); !isNone(both))
+            return from + firstOf(both);
+    return from;
+}
+#endif
+
 } // namespace
 
 LowercaseSearch::LowercaseSearch(QStringView typed)
@@ -81,12 +143,25 @@ std::optional<LowercaseSearch::Anchor> LowercaseSearch::anchorAt(QStringView ter
     if (unit == finalSigma)
         origins += QChar(capitalSigma);
 
-    Anchor anchor{offset, {unit, unit, unit}};
-    if (static_cast<std::size_t>(origins.size()) > anchor.origins.size())
+    Anchor anchor{.offset = offset};
+    if (static_cast<std::size_t>(origins.size()) > anchor.tests.size())
         return std::nullopt;
-    std::transform(origins.begin(), origins.end(), anchor.origins.begin(),
-                   [](QChar origin) { return origin.unicode(); });
+    for (const QChar origin : std::as_const(origins))
+        anchor.add(origin.unicode());
+    std::fill(anchor.tests.begin() + anchor.testCount, anchor.tests.end(), anchor.tests[anchor.testCount - 1]);
     return anchor;
+}
+
+void LowercaseSearch::Anchor::add(char16_t origin) {
+    for (int index = 0; index < testCount; ++index) {
+        UnitTest& test = tests[index];
+        const unsigned difference = test.value ^ origin;
+        if (test.mask == 0 && std::has_single_bit(difference)) {
+            test = {static_cast<char16_t>(difference), static_cast<char16_t>(test.value | origin)};
+            return;
+        }
+    }
+    tests[testCount++] = {0, origin};
 }
 
 /// Takes the two units that are likely to be the rarest in a text.
@@ -130,23 +205,18 @@ qsizetype LowercaseSearch::nextCandidate(const char16_t* units, qsizetype from, 
     const char16_t* const one = units + first->offset;
     const char16_t* const other = units + second->offset;
 #ifdef __SSE2__
-    const auto compare = [](const char16_t* place, const std::array<char16_t, 3>& origins) {
-        const __m128i eight = _mm_loadu_si128(reinterpret_cast<const __m128i*>(place));
-        const auto equals = [&](char16_t origin) {
-            return _mm_cmpeq_epi16(eight, _mm_set1_epi16(static_cast<short>(origin)));
-        };
-        return _mm_or_si128(_mm_or_si128(equals(origins[0]), equals(origins[1])), equals(origins[2]));
-    };
-    for (; from + 8 <= end; from += 8) {
-        const __m128i both = _mm_and_si128(compare(one + from, first->origins), compare(other + from, second->origins));
-        if (const auto mask = static_cast<unsigned>(_mm_movemask_epi8(both)))
-            return from + std::countr_zero(mask) / 2;
+    if (end - from >= placesAtOnce) {
+        if (first->testCount == 1 && second->testCount == 1)
+            from = skip(Vectors<1>(first->tests), one, Vectors<1>(second->tests), other, from, end);
+        else
+            from = skip(Vectors<3>(first->tests), one, Vectors<3>(second->tests), other, from, end);
     }
 #endif
-    const auto isOrigin = [](char16_t unit, const std::array<char16_t, 3>& origins) {
-        return unit == origins[0] || unit == origins[1] || unit == origins[2];
+    const auto holds = [](const Anchor& anchor, char16_t unit) {
+        return std::any_of(anchor.tests.begin(), anchor.tests.end(),
+                           [unit](const UnitTest& test) { return test.holds(unit); });
     };
-    while (from < end && !(isOrigin(one[from], first->origins) && isOrigin(other[from], second->origins)))
+    while (from < end && !(holds(*first, one[from]) && holds(*second, other[from])))
         ++from;
     return from;
 }

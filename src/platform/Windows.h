@@ -15,8 +15,8 @@ namespace Quillstacks::Windows {
 
 /// Call once for a panel's window before its first show: it stands on every workspace, above full-screen windows too.
 void preparePanel(QWidget* panel);
-/// What a prepared panel that is hidden shows from its mapping until it has drawn itself, where the window system can do
-/// that: premultiplied, and as large as the panel in pixels. It stays with the panel's native window.
+/// What a prepared panel that is hidden shows from its mapping until it has drawn itself, where the window system can
+/// do that: premultiplied, and as large as the panel in pixels. It stays with the panel's native window.
 void setFirstPicture(QWidget* panel, const QImage& picture);
 /// Takes it back: it is no longer how the panel will look.
 void clearFirstPicture(QWidget* panel);
