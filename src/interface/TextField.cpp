@@ -166,6 +166,9 @@ void TextField::focusOutEvent(QFocusEvent* event) {
     Q_EMIT unfocused();
 }
 
+// The toolkit would start its own caret's blinking anew, and draw that place again after every key. Ours is drawn here.
+void TextField::keyReleaseEvent(QKeyEvent* /*event*/) {}
+
 void TextField::changeEvent(QEvent* event) {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !refreshing)

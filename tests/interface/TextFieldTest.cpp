@@ -12,6 +12,19 @@
 namespace Quillstacks {
 namespace {
 
+/// How often a widget was drawn.
+class PaintCount final : public QObject {
+public:
+    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
+    int count = 0;
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
 class TextFieldOf : public InterfaceTest {};
 class TextAreaOf : public InterfaceTest {};
 
@@ -46,6 +59,22 @@ TEST_F(TextFieldOf, theCaretHasTheAccentColor) {
         found |= pixel.blue() > 150 && pixel.blue() > pixel.green();
     }
     EXPECT_TRUE(found);
+}
+
+TEST_F(TextFieldOf, theReleaseOfAKeyDrawsNothing) {
+    TextField field;
+    field.setParent(&window);
+    showWindow();
+    field.setFocus();
+    PaintCount paints(&field);
+    QTest::keyPress(&field, Qt::Key_A);
+    QTest::qWait(0);
+    const int drawn = paints.count;
+    EXPECT_GT(drawn, 0);
+    QTest::keyRelease(&field, Qt::Key_A);
+    QTest::qWait(0);
+    EXPECT_EQ(paints.count, drawn);
+    EXPECT_EQ(field.text(), QStringLiteral("a"));
 }
 
 TEST_F(TextFieldOf, heightsAreThoseOfItsVariants) {
