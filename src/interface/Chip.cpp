@@ -2,6 +2,7 @@
 
 #include "interface/Drawing.h"
 #include "interface/FocusRing.h"
+#include "interface/RowText.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
 
@@ -25,7 +26,7 @@ int ChipStyle::height() const {
 }
 
 int ChipStyle::width(const QString& name) const {
-    const qreal text = QFontMetricsF(textFont(textStyle(*this))).horizontalAdvance(name);
+    const qreal text = QFontMetricsF(textFont(textStyle(*this))).horizontalAdvance(startOfLine(name));
     return static_cast<int>(std::ceil(text)) + dot + gap + 2 * paddingX;
 }
 
@@ -42,9 +43,10 @@ void ChipStyle::paint(QPainter& painter, const QRectF& box, const QString& name,
     const qreal room = box.right() - paddingX - left;
     painter.setFont(font);
     painter.setPen(theme.color(strong ? ColorRole::text : ColorRole::text2));
-    const bool fits = metrics.horizontalAdvance(name) <= room + 1;
+    const QString start = startOfLine(name);
+    const bool fits = metrics.horizontalAdvance(start) <= room + 1;
     painter.drawText(QPointF(left, std::round(box.center().y() + metrics.capHeight() / 2)),
-                     fits ? name : metrics.elidedText(name, Qt::ElideRight, room));
+                     fits ? start : metrics.elidedText(start, Qt::ElideRight, room));
 }
 
 QList<qreal> ChipStyle::widths(const QStringList& names, qreal width, int spacing) const {

@@ -25,6 +25,13 @@ QString flattened(const QString& text, qsizetype length) {
 
 } // namespace
 
+QString startOfLine(const QString& text) {
+    if (text.size() <= longestShown)
+        return text;
+    const bool wouldCutPair = text[longestShown - 1].isHighSurrogate();
+    return text.left(longestShown - (wouldCutPair ? 1 : 0)) + QChar(0x2026);
+}
+
 RowText::RowText(const QFont& font) : usedFont(font) {
     const QFontMetricsF metrics(font);
     for (char16_t unit = u' '; unit < ascii.size(); ++unit)

@@ -17,6 +17,10 @@ namespace Quillstacks {
 
 class TextBlock;
 
+/// As much of a text as one line shows on any screen; an ellipsis stands for the rest. A name has no limit, and whoever
+/// measures it reads all of it.
+[[nodiscard]] QString startOfLine(const QString& text);
+
 /// The one or two lines of a long text that a row shows: its words in one flow, white space of any kind (line ends
 /// included) as one space. Neither question looks at more than the text's beginning, so a text of any size costs the
 /// same.

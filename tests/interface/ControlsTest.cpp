@@ -3,6 +3,7 @@
 #include "interface/EdgeFade.h"
 #include "interface/KeyCap.h"
 #include "interface/Label.h"
+#include "interface/RowText.h"
 #include "interface/ScrollArea.h"
 #include "interface/SegmentedPicker.h"
 #include "interface/Stepper.h"
@@ -10,6 +11,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QElapsedTimer>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -190,6 +192,19 @@ TEST_F(ChipOf, aClickToggles) {
     QTest::mouseClick(&chip, Qt::LeftButton);
     EXPECT_TRUE(chip.isChecked());
     EXPECT_TRUE(chip.shortcut().isEmpty());
+}
+
+TEST_F(ChipOf, onlyTheBeginningOfAHugeNameIsLookedAt) {
+    const QString huge(1'000'000, QLatin1Char('n'));
+    const ChipStyle style = ChipStyle::selector();
+    QImage image(200, 30, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(style.width(huge), style.width(startOfLine(huge)));
+    style.paint(painter, image.rect(), huge, Qt::red, false, Qt::white);
+    // To measure the whole takes seconds; this leaves room for the slowest machine.
+    EXPECT_LT(timer.elapsed(), 250);
 }
 
 TEST_F(ChipOf, inARowThatFitsEachHasItsOwnWidth) {

@@ -97,6 +97,15 @@ TEST(RowText, onlyTheBeginningOfAHugeTextIsLookedAt) {
     EXPECT_LT(timer.elapsed(), 250);
 }
 
+TEST(RowText, theStartOfALineIsAllOfAnOrdinaryTextAndTheBeginningOfAHugeOne) {
+    const QString ordinary(4000, QLatin1Char('n'));
+    EXPECT_EQ(startOfLine(ordinary), ordinary);
+    EXPECT_EQ(startOfLine(ordinary + QStringLiteral("more")), ordinary + QChar(0x2026));
+    const QString pair = QStringLiteral("\U0001F600");
+    EXPECT_EQ(startOfLine(QString(3999, QLatin1Char('n')) + pair), QString(3999, QLatin1Char('n')) + QChar(0x2026))
+        << "no half of a pair";
+}
+
 TEST(RowText, drawsInTheLinesItIsGivenOnly) {
     QImage image(200, 60, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);

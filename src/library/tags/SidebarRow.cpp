@@ -3,6 +3,7 @@
 #include "interface/Accessible.h"
 #include "interface/Drawing.h"
 #include "interface/FocusRing.h"
+#include "interface/RowText.h"
 #include "interface/Symbol.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
@@ -65,7 +66,8 @@ void SidebarRow::setTabStop(bool stops) {
 }
 
 QSize SidebarRow::sizeHint() const {
-    return {textLeft + QFontMetrics(textFont(TextStyle::callout)).horizontalAdvance(text()) + trailingRoom(),
+    return {textLeft + QFontMetrics(textFont(TextStyle::callout)).horizontalAdvance(startOfLine(text())) +
+                trailingRoom(),
             rowHeight()};
 }
 
@@ -106,8 +108,9 @@ void SidebarRow::paintEvent(QPaintEvent*) {
     const QRect place = rect().adjusted(textLeft, 0, -trailingRoom(), 0);
     painter.setFont(font);
     painter.setPen(theme.color(ColorRole::text));
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     QFontMetrics(font).elidedText(text(), Qt::ElideRight, place.width(), Qt::TextSingleLine));
+    painter.drawText(
+        place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+        QFontMetrics(font).elidedText(startOfLine(text()), Qt::ElideRight, place.width(), Qt::TextSingleLine));
 }
 
 } // namespace Quillstacks

@@ -2,6 +2,7 @@
 
 #include "interface/Accessible.h"
 #include "interface/Drawing.h"
+#include "interface/RowText.h"
 #include "interface/TextStyle.h"
 #include "interface/Theme.h"
 
@@ -62,7 +63,7 @@ QList<QRect> VersionTagChips::boxes(int available) const {
     int x = 0;
     int y = 0;
     for (const Tag& tag : shown) {
-        const int wanted = static_cast<int>(std::ceil(metrics.horizontalAdvance(tag.name))) + 2 * paddingX;
+        const int wanted = static_cast<int>(std::ceil(metrics.horizontalAdvance(startOfLine(tag.name)))) + 2 * paddingX;
         const int width = std::min(wanted, available);
         if (x > 0 && x + width > available) {
             x = 0;
@@ -108,7 +109,7 @@ void VersionTagChips::paintEvent(QPaintEvent*) {
         const QRect text = box.adjusted(paddingX, 0, -paddingX, 0);
         painter.setPen(theme.color(ColorRole::text));
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                         metrics.elidedText(shown[i].name, Qt::ElideRight, text.width() + 1));
+                         metrics.elidedText(startOfLine(shown[i].name), Qt::ElideRight, text.width() + 1));
     }
 }
 
