@@ -18,8 +18,6 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include <utility>
-
 namespace Quillstacks {
 
 void QuickAccessView::build() {
@@ -62,7 +60,8 @@ void QuickAccessView::connectToWhatItShows() {
 
 // A view that was built ahead takes the library as it is when it appears.
 void QuickAccessView::outdate() {
-    if (std::exchange(isPrepared, false))
+    isPrepared = false;
+    if (!hasAppeared)
         Q_EMIT outdated();
 }
 

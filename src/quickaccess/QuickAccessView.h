@@ -70,7 +70,7 @@ public:
     [[nodiscard]] FillVariablesToggle* toggle() const;
 
 Q_SIGNALS:
-    /// What prepare() has put there is no longer what an appear() will show.
+    /// Before its appear(): what prepare() has put there is no longer what that will show.
     void outdated();
 
 protected:

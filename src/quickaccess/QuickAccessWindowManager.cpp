@@ -21,7 +21,7 @@ namespace Quillstacks {
 
 namespace {
 constexpr int fadeMilliseconds = 120;
-/// After a change of what the next show needs; changes often come in series.
+/// After the last of a series of changes of what the next show needs.
 constexpr double preparationDelay = 0.5;
 } // namespace
 
@@ -138,7 +138,7 @@ void QuickAccessWindowManager::drawAhead() {
     Windows::setFirstPicture(panel, image);
 }
 
-// The next show begins without a picture, unless there is time to prepare it anew.
+// The next show begins without a picture, unless there is a quiet moment before it.
 void QuickAccessWindowManager::dropPicture() {
     Windows::clearFirstPicture(panel);
     MainQueue::after(preparationDelay, this, [this, change = ++changesWhileHidden] {
@@ -152,6 +152,7 @@ QSize QuickAccessWindowManager::sizeInPixels() const {
 }
 
 void QuickAccessWindowManager::renewRootView() {
+    Windows::clearFirstPicture(panel); // it shows another view's library
     panel->setRootView(new QuickAccessView(container->mainContext(), [this] { close(); }));
     connect(rootView(), &QuickAccessView::outdated, this, &QuickAccessWindowManager::dropPicture);
     isRootFresh = true;

@@ -132,6 +132,9 @@ TEST_F(QuickAccessWindow, aChangeWhileItIsHiddenTakesThePictureBackAndOneIsMadeA
     context.processPendingChanges();
     EXPECT_FALSE(desktop().firstPictures.contains(panel()));
     clock.advance(499ms);
+    prompt->setTitle(QStringLiteral("renamed again"));
+    context.processPendingChanges();
+    clock.advance(499ms);
     QTest::qWait(0);
     EXPECT_FALSE(desktop().firstPictures.contains(panel()));
     clock.advance(1ms);
@@ -144,6 +147,16 @@ TEST_F(QuickAccessWindow, aChangeThatNobodyHeardOfBeforeThePressTakesThePictureB
     Prompt* prompt = add(QStringLiteral("letter"));
     manager.prepare();
     prompt->setTitle(QStringLiteral("renamed"));
+    toggle();
+    EXPECT_FALSE(desktop().firstPictures.contains(panel()));
+}
+
+TEST_F(QuickAccessWindow, anotherLibraryIsNeverSeenInThePictureOfTheOneBefore) {
+    add(QStringLiteral("letter"));
+    manager.prepare();
+    manager.setModelContainer(nullptr);
+    manager.setModelContainer(&container);
+    ASSERT_TRUE(desktop().firstPictures.contains(panel()));
     toggle();
     EXPECT_FALSE(desktop().firstPictures.contains(panel()));
 }
