@@ -19,15 +19,6 @@
 namespace Quillstacks {
 namespace {
 
-class PaintCount final : public QObject {
-public:
-    bool eventFilter(QObject*, QEvent* event) override {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int count = 0;
-};
-
 /// A window with a field beneath, and contents with two fields, a "Cancel" and a default "Save".
 class SheetOf : public InterfaceTest {
 protected:
@@ -218,8 +209,7 @@ TEST_F(SheetOf, aLayoutThatChangesNoPlaceRepaintsNothingOfTheWindow) {
     Sheet* sheet = present(content);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !sheet->findChild<QGraphicsEffect*>(); }, 2000));
     QTest::qWait(0);
-    PaintCount paints;
-    sheet->installEventFilter(&paints);
+    const PaintCount paints(sheet);
     QEvent request(QEvent::LayoutRequest);
     QApplication::sendEvent(sheet->content(), &request);
     QTest::qWait(0);

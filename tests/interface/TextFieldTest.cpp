@@ -12,19 +12,6 @@
 namespace Quillstacks {
 namespace {
 
-/// How often a widget was drawn.
-class PaintCount final : public QObject {
-public:
-    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
-    int count = 0;
-
-private:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return QObject::eventFilter(watched, event);
-    }
-};
-
 class TextFieldOf : public InterfaceTest {};
 class TextAreaOf : public InterfaceTest {};
 
