@@ -209,7 +209,7 @@ TEST_F(SheetOf, aLayoutThatChangesNoPlaceRepaintsNothingOfTheWindow) {
     Sheet* sheet = present(content);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !sheet->findChild<QGraphicsEffect*>(); }, 2000));
     QTest::qWait(0);
-    const PaintCount paints(sheet);
+    PaintCount paints(sheet);
     QEvent request(QEvent::LayoutRequest);
     QApplication::sendEvent(sheet->content(), &request);
     QTest::qWait(0);
